@@ -1,0 +1,47 @@
+# The kinds of target that this project has.
+
+# One folder of src/ as the library rulemesh_<layer>:
+#
+#   rulemesh_add_layer(document SOURCES path_layer.cpp ... BELOW platform views base)
+#
+# Includes run from src/ ("document/path_layer.h"), but src/ itself is on no include path: each layer has a root of its
+# own in the build tree, which holds nothing but a link to its folder. A layer sees the roots of the layers below it and
+# no others, so an include that points up does not compile.
+function(rulemesh_add_layer layer)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;BELOW")
+
+    set(root "${PROJECT_BINARY_DIR}/include/${layer}")
+    file(MAKE_DIRECTORY "${root}")
+    file(CREATE_LINK "${CMAKE_CURRENT_SOURCE_DIR}" "${root}/${layer}" SYMBOLIC RESULT linked)
+    if(NOT linked EQUAL 0)
+        # A file system without links: everything builds, only wrong includes go unnoticed.
+        set(root "${PROJECT_SOURCE_DIR}/src")
+    endif()
+
+    add_library(rulemesh_${layer} STATIC ${arg_SOURCES})
+    add_library(rulemesh::${layer} ALIAS rulemesh_${layer})
+    target_compile_features(rulemesh_${layer} PUBLIC cxx_std_20)
+    target_include_directories(rulemesh_${layer} PUBLIC "${root}")
+    list(TRANSFORM arg_BELOW PREPEND rulemesh_)
+    target_link_libraries(rulemesh_${layer} PUBLIC ${arg_BELOW} PRIVATE rulemesh_options)
+endfunction()
+
+# A test program that ctest and `./test` run. It leaves its counts in <build>/results for `./test` to add up.
+function(rulemesh_register_test program)
+    add_test(NAME ${program}
+        COMMAND ${program} --gtest_brief=1 "--gtest_output=xml:${PROJECT_BINARY_DIR}/results/${program}.xml")
+endfunction()
+
+# The tests of one folder of src/ as one program:
+#
+#   rulemesh_add_tests(document path_layer_test.cpp ...)
+function(rulemesh_add_tests folder)
+    list(TRANSFORM ARGN PREPEND "${folder}/")
+    add_executable(${folder}_test ${ARGN})
+    target_include_directories(${folder}_test PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}")
+    target_compile_definitions(${folder}_test PRIVATE
+        RULEMESH_SAMPLES="${PROJECT_SOURCE_DIR}/samples"
+        RULEMESH_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data")
+    target_link_libraries(${folder}_test PRIVATE rulemesh_${folder} rulemesh_options GTest::gmock GTest::gtest_main)
+    rulemesh_register_test(${folder}_test)
+endfunction()
