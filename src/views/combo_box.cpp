@@ -1,0 +1,40 @@
+#include "views/combo_box.h"
+
+#include "base/failure.h"
+#include "views/view_tree.h"
+
+namespace rulemesh {
+
+void ComboBox::Clear() noexcept
+{
+    entries_.clear();
+    index_ = None;
+}
+
+void ComboBox::ListIndex(int index)
+{
+    if (index < None || index >= static_cast<int>(entries_.size()))
+        throw Failure(FailureCode::InvalidPropertyValue);
+    if (index == index_)
+        return;
+    index_ = index;
+    if (HasSelection())
+        Run(Click);
+}
+
+const ComboBox::Entry& ComboBox::Selected() const
+{
+    if (!HasSelection())
+        throw Failure(FailureCode::ObjectVariableNotSet);
+    return entries_[static_cast<std::size_t>(index_)];
+}
+
+void ComboBox::UserChooses(int index)
+{
+    if (!Tree().MoveFocus(*this) || index >= static_cast<int>(entries_.size()))
+        return;
+    index_ = index;
+    Run(Click);
+}
+
+} // namespace rulemesh

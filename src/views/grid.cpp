@@ -1,0 +1,114 @@
+#include "views/grid.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/failure.h"
+#include "views/view_tree.h"
+
+namespace rulemesh {
+
+bool Grid::Has(int row, int col) const noexcept { return row >= 0 && row < Rows() && col >= 0 && col < ColumnCount; }
+
+void Grid::ClearRows() noexcept
+{
+    rows_.clear();
+    row_ = 0;
+    topRow_ = 0;
+}
+
+void Grid::MakeCurrent(int row, int col)
+{
+    if (row == row_ && col == col_)
+        return;
+    Run(LeaveCell);
+    row_ = row;
+    col_ = col;
+    Run(EnterCell);
+}
+
+void Grid::Row(int row)
+{
+    if (row == row_)
+        return;
+    if (!Has(row, 0))
+        throw Failure(FailureCode::InvalidPropertyValue);
+    MakeCurrent(row, col_);
+}
+
+void Grid::Col(int col)
+{
+    if (col < 0 || col >= ColumnCount)
+        throw Failure(FailureCode::InvalidPropertyValue);
+    MakeCurrent(row_, col);
+}
+
+const Text& Grid::TextMatrix(int row, int col) const
+{
+    if (!Has(row, col))
+        throw Failure(FailureCode::InvalidPropertyArrayIndex);
+    return rows_[static_cast<std::size_t>(row)][static_cast<std::size_t>(col)];
+}
+
+void Grid::TextMatrix(int row, int col, rulemesh::Text text)
+{
+    if (!Has(row, col))
+        throw Failure(FailureCode::InvalidPropertyArrayIndex);
+    rows_[static_cast<std::size_t>(row)][static_cast<std::size_t>(col)] = std::move(text);
+}
+
+int Grid::TopRowFor(int row) const noexcept { return std::clamp(row, 0, std::max(Rows() - 1, 0)); }
+
+void Grid::TopRow(int row)
+{
+    if (row < 0)
+        throw Failure(FailureCode::InvalidPropertyValue);
+    topRow_ = TopRowFor(row);
+}
+
+bool Grid::RowIsVisible(int row) const noexcept
+{
+    return row >= topRow_ && row < Rows() && (row - topRow_ + 1) * RowHeight <= Height();
+}
+
+void Grid::ColWidth(int col, int width)
+{
+    if (width < 0)
+        throw Failure(FailureCode::InvalidPropertyValue);
+    widths_.at(static_cast<std::size_t>(col)) = width;
+}
+
+Placement Grid::CurrentCell() const noexcept
+{
+    return {.Left = col_ == 0 ? 0 : widths_[0],
+            .Top = (row_ - topRow_) * RowHeight,
+            .Width = widths_[static_cast<std::size_t>(col_)],
+            .Height = RowHeight};
+}
+
+void Grid::UserClicksCell(int row, int col, Clicks clicks)
+{
+    if (!Tree().MoveFocus(*this) || !RowIsVisible(row))
+        return;
+    MakeCurrent(row, col);
+    Run(Click);
+    if (clicks == Clicks::Double)
+        Run(DblClick);
+}
+
+void Grid::UserPresses(std::int16_t KeyAscii)
+{
+    if (Tree().MoveFocus(*this))
+        Run(KeyPress, KeyAscii);
+}
+
+void Grid::UserScrolls(int top)
+{
+    const int row = TopRowFor(top);
+    if (row == topRow_)
+        return;
+    topRow_ = row;
+    Run(Scroll);
+}
+
+} // namespace rulemesh

@@ -1,0 +1,89 @@
+#pragma once
+
+#include <array>
+#include <functional>
+#include <vector>
+
+#include "views/view.h"
+
+namespace rulemesh {
+
+/// A text-only grid of two columns. Rows and columns count from 0; one cell is current. It starts with no rows and
+/// row 0 and column 0 current. Every row is RowHeight high; there are no borders.
+class Grid : public View {
+public:
+    static constexpr int ColumnCount = 2;
+    static constexpr int RowHeight = 310;
+
+    using Cells = std::array<rulemesh::Text, ColumnCount>;
+
+    Grid(ViewTree& tree, const ViewDesign& design, std::array<int, ColumnCount> widths)
+        : View(tree, ViewKind::Grid, design), widths_(widths)
+    {
+    }
+
+    [[nodiscard]] int Rows() const noexcept { return static_cast<int>(rows_.size()); }
+
+    /// Takes all rows out, makes row 0 current and puts it on top; runs nothing.
+    void ClearRows() noexcept;
+    void AddItem(Cells cells) { rows_.push_back(std::move(cells)); }
+
+    /// The current cell. Making another cell current runs the leave handler on the old one and then the enter handler
+    /// on the new one. Raise InvalidPropertyValue outside the grid.
+    [[nodiscard]] int Row() const noexcept { return row_; }
+    [[nodiscard]] int Col() const noexcept { return col_; }
+    void Row(int row);
+    void Col(int col);
+
+    /// A cell's text. Raise InvalidPropertyArrayIndex outside the grid.
+    [[nodiscard]] const rulemesh::Text& TextMatrix(int row, int col) const;
+    void TextMatrix(int row, int col, rulemesh::Text text);
+
+    /// The text of the current cell.
+    [[nodiscard]] const rulemesh::Text& Text() const { return TextMatrix(row_, col_); }
+    void Text(rulemesh::Text text) { TextMatrix(row_, col_, std::move(text)); }
+
+    /// The first row in sight. Setting it past the last row means the last row, and runs no scroll handler.
+    [[nodiscard]] int TopRow() const noexcept { return topRow_; }
+    void TopRow(int row);
+
+    /// Whether the row lies wholly inside the grid's height.
+    [[nodiscard]] bool RowIsVisible(int row) const noexcept;
+
+    /// Raises InvalidPropertyValue for a negative width.
+    [[nodiscard]] int ColWidth(int col) const { return widths_.at(static_cast<std::size_t>(col)); }
+    void ColWidth(int col, int width);
+
+    /// The place of the current cell, relative to the grid, in twips.
+    [[nodiscard]] Placement CurrentCell() const noexcept;
+
+    /// The user clicks a cell; lost when the cell is no longer in sight by the time that the focus has got here.
+    enum class Clicks { Single, Double };
+    void UserClicksCell(int row, int col, Clicks clicks);
+
+    /// A character key in the grid.
+    void UserPresses(std::int16_t KeyAscii);
+
+    /// The user scrolls so that this row is on top.
+    void UserScrolls(int top);
+
+    Slot Click;
+    Slot DblClick;
+    Slot LeaveCell;
+    Slot EnterCell;
+    Slot Scroll;
+    std::function<void(std::int16_t KeyAscii)> KeyPress;
+
+private:
+    [[nodiscard]] bool Has(int row, int col) const noexcept;
+    [[nodiscard]] int TopRowFor(int row) const noexcept;
+    void MakeCurrent(int row, int col);
+
+    std::vector<Cells> rows_;
+    std::array<int, ColumnCount> widths_;
+    int row_ = 0;
+    int col_ = 0;
+    int topRow_ = 0;
+};
+
+} // namespace rulemesh

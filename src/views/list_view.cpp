@@ -1,0 +1,159 @@
+#include "views/list_view.h"
+
+#include <algorithm>
+#include <numeric>
+#include <utility>
+
+#include "base/failure.h"
+#include "views/view_tree.h"
+
+namespace rulemesh {
+
+TextView ListView::Row::TextAt(int position) const noexcept
+{
+    const auto index = static_cast<std::size_t>(position);
+    return index < Texts.size() ? TextView(Texts[index]) : TextView();
+}
+
+ListView::ListView(ViewTree& tree, const ViewDesign& view, Design design)
+    : View(tree, ViewKind::List, view), design_(std::move(design))
+{
+}
+
+void ListView::ColumnWidth(int column, int width)
+{
+    if (width < 0)
+        throw Failure(FailureCode::InvalidPropertyValue);
+    design_.Columns.at(static_cast<std::size_t>(column) - 1).Width = width;
+}
+
+void ListView::Sort() const
+{
+    sorting_.resize(rows_.size());
+    std::iota(sorting_.begin(), sorting_.end(), 0U);
+    const auto text = [&](std::uint32_t index) { return rows_[index].TextAt(design_.SortKey); };
+    if (order_ == Order::Ascending)
+        std::stable_sort(sorting_.begin(), sorting_.end(), [&](auto a, auto b) { return text(a) < text(b); });
+    else
+        std::stable_sort(sorting_.begin(), sorting_.end(), [&](auto a, auto b) { return text(b) < text(a); });
+    sortingHolds_ = true;
+}
+
+std::size_t ListView::IndexOf(int row) const
+{
+    if (row < 1 || row > Count())
+        throw Failure(FailureCode::IndexOutOfBounds);
+    const auto shown = static_cast<std::size_t>(row) - 1;
+    if (!design_.Sorted)
+        return shown;
+    if (!sortingHolds_)
+        Sort();
+    return sorting_[shown];
+}
+
+const ListView::Row& ListView::At(int row) const { return rows_[IndexOf(row)]; }
+
+Text ListView::TextAt(int row, int position) const { return Text(At(row).TextAt(position)); }
+
+void ListView::Clear() noexcept
+{
+    rows_.clear();
+    sortingHolds_ = false;
+    scrolledTo_ = 0;
+}
+
+void ListView::Add(std::vector<Text> texts)
+{
+    rows_.push_back({.Texts = std::move(texts)});
+    sortingHolds_ = false;
+}
+
+void ListView::Insert(int row, std::vector<Text> texts)
+{
+    if (row < 1 || row > Count() + 1)
+        throw Failure(FailureCode::IndexOutOfBounds);
+    rows_.insert(rows_.begin() + (row - 1), {.Texts = std::move(texts)});
+    sortingHolds_ = false;
+}
+
+void ListView::Remove(int row)
+{
+    rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(IndexOf(row)));
+    sortingHolds_ = false;
+    scrolledTo_ = 0;
+}
+
+int ListView::SelectedRow() const
+{
+    for (int row = 1; row <= Count(); ++row) {
+        if (At(row).Selected)
+            return row;
+    }
+    return 0;
+}
+
+void ListView::SelectOnly(std::size_t index)
+{
+    for (Row& row : rows_)
+        row.Selected = false;
+    rows_[index].Selected = true;
+}
+
+void ListView::Select(int row, bool selected)
+{
+    const std::size_t index = IndexOf(row);
+    if (selected && design_.Select == Selection::Single)
+        SelectOnly(index);
+    else
+        rows_[index].Selected = selected;
+}
+
+void ListView::Check(int row, bool checked) { rows_[IndexOf(row)].Checked = checked; }
+
+void ListView::EnsureVisible(int row)
+{
+    static_cast<void>(IndexOf(row));
+    scrolledTo_ = row;
+}
+
+void ListView::Sorted(bool sorted) noexcept
+{
+    design_.Sorted = sorted;
+    sortingHolds_ = false;
+}
+
+void ListView::SortKey(int position) noexcept
+{
+    design_.SortKey = position;
+    sortingHolds_ = false;
+}
+
+void ListView::SortOrder(Order order) noexcept
+{
+    order_ = order;
+    sortingHolds_ = false;
+}
+
+void ListView::BeforeGotFocus()
+{
+    if (Count() > 0 && SelectedRow() == 0)
+        Select(1, true);
+}
+
+void ListView::UserClicksRow(int row)
+{
+    if (!Tree().MoveFocus(*this) || row > Count())
+        return;
+    SelectOnly(IndexOf(row));
+    Run(ItemClick, row);
+}
+
+void ListView::UserTicks(int row, bool checked)
+{
+    if (!Tree().MoveFocus(*this) || row > Count() || At(row).Checked == checked)
+        return;
+    Check(row, checked);
+    Run(ItemCheck);
+}
+
+} // namespace rulemesh

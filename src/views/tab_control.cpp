@@ -1,0 +1,25 @@
+#include "views/tab_control.h"
+
+#include <utility>
+
+#include "views/view_tree.h"
+
+namespace rulemesh {
+
+void TabControl::Tab(int tab)
+{
+    if (tab == tab_)
+        return;
+    const int previous = std::exchange(tab_, tab);
+    Tree().ReleaseUnreachable();
+    Run(Click, static_cast<std::int16_t>(previous));
+}
+
+void TabControl::UserClicksTab(int tab)
+{
+    if (tab == tab_ || !Tree().MoveFocus(*this) || !TabEnabled(tab))
+        return;
+    Tab(tab);
+}
+
+} // namespace rulemesh

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <algorithm>
+
+#include "views/view.h"
+
+namespace rulemesh {
+
+/// A multi-line text box. Keeps line ends as they are given.
+class TextBox : public View {
+public:
+    TextBox(ViewTree& tree, const ViewDesign& design) : TextBox(tree, ViewKind::Text, design) {}
+
+    [[nodiscard]] const rulemesh::Text& Text() const noexcept { return text_; }
+    void Text(rulemesh::Text text);
+
+    /// A note of the program's own that the user doesn't see.
+    [[nodiscard]] const rulemesh::Text& Tag() const noexcept { return tag_; }
+    void Tag(rulemesh::Text tag) { tag_ = std::move(tag); }
+
+    [[nodiscard]] bool Locked() const noexcept { return locked_; }
+    void Locked(bool locked) noexcept { locked_ = locked; }
+
+    /// Characters in front of the caret. A position past the end means the end.
+    [[nodiscard]] std::size_t SelStart() const noexcept { return caret_; }
+    void SelStart(std::size_t position) noexcept { caret_ = std::min(position, text_.size()); }
+
+    /// The user replaces the whole text in one change. A locked box keeps its text.
+    void UserTypes(rulemesh::Text text);
+
+    Slot Change;
+
+protected:
+    TextBox(ViewTree& tree, ViewKind kind, const ViewDesign& design) : View(tree, kind, design) {}
+
+    /// The form in which the box keeps a text.
+    [[nodiscard]] virtual rulemesh::Text Kept(rulemesh::Text text) const { return text; }
+
+private:
+    rulemesh::Text text_;
+    rulemesh::Text tag_;
+    std::size_t caret_ = 0;
+    bool locked_ = false;
+};
+
+/// A text box that colours a script. Folds several carriage returns in front of a line feed into one, so that a script
+/// doesn't grow each time it is shown; a bare line feed stays bare.
+class SyntaxBox : public TextBox {
+public:
+    SyntaxBox(ViewTree& tree, const ViewDesign& design) : TextBox(tree, ViewKind::Syntax, design) {}
+
+    [[nodiscard]] bool Highlight() const noexcept { return highlight_; }
+    void Highlight(bool highlight) noexcept { highlight_ = highlight; }
+
+protected:
+    [[nodiscard]] rulemesh::Text Kept(rulemesh::Text text) const override;
+
+private:
+    bool highlight_ = false;
+};
+
+} // namespace rulemesh

@@ -1,0 +1,66 @@
+#include "views/view_tree.h"
+
+#include <algorithm>
+
+namespace rulemesh {
+
+View* ViewTree::Find(TextView name) const noexcept
+{
+    const auto found =
+        std::find_if(views_.begin(), views_.end(), [&](const View* view) { return view->Name() == name; });
+    return found == views_.end() ? nullptr : *found;
+}
+
+void ViewTree::TakeFocusFrom(View& view)
+{
+    focused_ = nullptr;
+    Run(view.LostFocus);
+}
+
+bool ViewTree::MoveFocus(View& view)
+{
+    if (!view.TakesFocus() || !view.CanBeReached())
+        return false;
+    const unsigned move = ++moves_;
+    if (focused_ == &view)
+        return true;
+    if (focused_ != nullptr) {
+        TakeFocusFrom(*focused_);
+        if (moves_ != move || !view.CanBeReached())
+            return false;
+    }
+    focused_ = &view;
+    view.BeforeGotFocus();
+    Run(view.GotFocus);
+    return focused_ == &view;
+}
+
+void ViewTree::ReleaseUnreachable()
+{
+    if (focused_ == nullptr || focused_->CanBeReached())
+        return;
+    // A button that its own click disables keeps the focus until the click has ended.
+    const bool kept = focused_ == clicked_ && focused_->Visible() && focused_->ParentsCanBeReached();
+    if (!kept)
+        TakeFocusFrom(*focused_);
+}
+
+void ViewTree::UserLeaves()
+{
+    if (focused_ != nullptr)
+        TakeFocusFrom(*focused_);
+    if (focused_ == nullptr)
+        Run(ExitFocus);
+}
+
+bool ViewTree::UserPressesKey(View& view, std::int16_t KeyCode, std::int16_t Shift)
+{
+    if (!MoveFocus(view))
+        return false;
+    const std::int16_t pressed = KeyCode;
+    Run(KeyDown, KeyCode, Shift);
+    Run(view.KeyDown, KeyCode, Shift);
+    return KeyCode != pressed;
+}
+
+} // namespace rulemesh
