@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstdint>
+#include <unordered_map>
+#include <vector>
+
+#include "base/text.h"
+
+namespace rulemesh {
+
+/// Length of a table code, and of StrTargetTable.
+inline constexpr std::size_t TableCodeLength = 8;
+
+/// The fields of one control. A list is never empty: "nothing" is one element that holds 0 or "".
+struct ControlState {
+    bool BoolEditorOpen = false;
+    bool BoolEdit = false;
+    bool BoolMultiTarget = false;
+    bool BoolSyntaxHighlight = false;
+
+    /// The dumps as the scripts name them now, and as they did before the last save of a main query.
+    std::vector<std::int16_t> IntDumpNumbers{0};
+    std::vector<std::int16_t> IntPriorDumpNumbers{0};
+    std::vector<Text> StrDumpTexts{u""};
+    std::vector<Text> StrPriorDumpTexts{u""};
+
+    /// The root element's name: always 8 characters, filled with blanks.
+    Text StrTargetTable = Text(TableCodeLength, u' ');
+
+    /// The tables named by the precondition, and the copies that a save of it compares.
+    std::vector<Text> StrMigrateTables{u""};
+    std::vector<Text> StrPriorMigrateTables{u""};
+    std::vector<Text> StrNewMigrateTables{u""};
+
+    /// The first error that was caught without being shown.
+    std::int16_t IntErrorCode = 0;
+    Text StrErrorText;
+
+    Text StrEditor;
+
+    /// By dump number: the migrate table whose script named it first, and its latest comment.
+    std::unordered_map<std::int16_t, Text> DumpSourceTables;
+    std::unordered_map<std::int16_t, Text> DumpComments;
+};
+
+} // namespace rulemesh

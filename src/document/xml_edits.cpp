@@ -1,0 +1,200 @@
+#include <utility>
+
+#include "document/xml_store.h"
+
+// The edits of the store. Each marks the node and what holds it, so that everything else goes on being copied from the
+// loaded text.
+
+namespace rulemesh::xml {
+
+NodeIndex Store::Create(std::string_view name)
+{
+    const NodeIndex node = NewNode();
+    NodeAt(node).name = names_.AddCopy(name);
+    NodeAt(node).hasChildNodes = true;
+    NodeAt(node).isEdited = true;
+    return node;
+}
+
+void Store::Append(NodeIndex parent, NodeIndex child)
+{
+    static_cast<void>(FirstChild(parent)); // those of the text come first
+    NodeAt(child).slot = nextSlot_++;
+    LinkLast(parent, child);
+    MarkEdited(parent);
+    IndexAdded(parent, child);
+}
+
+void Store::Remove(NodeIndex child)
+{
+    const NodeIndex parent = At(child).parent;
+    if (At(child).isInPlace)
+        MakeDetails(parent).removed.push_back(At(child).loaded);
+    Unlink(child);
+    MarkEdited(parent);
+}
+
+void Store::Replace(NodeIndex newChild, NodeIndex oldChild)
+{
+    const Node old = At(oldChild);
+    if (old.isInPlace)
+        MakeDetails(old.parent).removed.push_back(old.loaded);
+    Node& node = NodeAt(newChild);
+    node.slot = old.slot;
+    node.parent = old.parent;
+    node.previous = old.previous;
+    node.next = old.next;
+    (old.previous != NoNode ? NodeAt(old.previous).next : NodeAt(old.parent).first) = newChild;
+    (old.next != NoNode ? NodeAt(old.next).previous : NodeAt(old.parent).last) = newChild;
+    Node& gone = NodeAt(oldChild);
+    gone.parent = gone.previous = gone.next = NoNode;
+    gone.isInPlace = false;
+    MarkEdited(old.parent);
+    IndexAdded(old.parent, newChild);
+}
+
+void Store::WriteText(NodeIndex node, std::string text, CarriageReturns returns)
+{
+    const bool canComeBack = HasLoadedContent(node);
+    ReplaceContent(node, canComeBack ? Content::Written : Content::Rewritten, std::move(text), returns);
+}
+
+void Store::Empty(NodeIndex node) { ReplaceContent(node, Content::Rewritten, {}, CarriageReturns::AsLineEnds); }
+
+void Store::ReplaceContent(NodeIndex node, Content content, std::string text, CarriageReturns returns)
+{
+    DetachChildren(node);
+    Details& details = MakeDetails(node);
+    details.content = content;
+    details.written = std::move(text);
+    details.returns = returns;
+    details.removed.clear();
+    details.index.reset();
+    MarkEdited(node);
+}
+
+// Whether no child was taken out, put in or emptied away.
+bool Store::HasLoadedContent(NodeIndex node) const noexcept
+{
+    if (At(node).loaded.end == 0)
+        return false;
+    const Details* const details = DetailsOf(node);
+    if (details != nullptr && details->content != Content::Loaded)
+        return details->content == Content::Written;
+    const bool hasRemoved = details != nullptr && !details->removed.empty();
+    const NodeIndex last = At(node).last;
+    return !hasRemoved && (last == NoNode || At(last).isInPlace);
+}
+
+void Store::SetAttribute(NodeIndex node, std::string_view name, std::string value)
+{
+    const NameId id = names_.AddCopy(name);
+    MarkEdited(node);
+    const NodeIndex parent = At(node).parent;
+    if (const Details* const holder = DetailsOf(parent); holder != nullptr && holder->index)
+        holder->index->ValueChanged(node, id, value);
+    MakeAttributes(node).Set(id, std::move(value));
+}
+
+// Walks the tree by its links, as a deep one would not fit on the call stack. What was not edited is copied with all
+// below it by copying its place in the text.
+NodeIndex Store::Clone(NodeIndex node)
+{
+    const NodeIndex top = CloneAlone(node);
+    NodeIndex from = node;
+    NodeIndex to = top;
+    for (;;) {
+        if (At(from).isEdited && At(from).first != NoNode) {
+            from = At(from).first;
+        } else {
+            while (from != node && At(from).next == NoNode) {
+                from = At(from).parent;
+                to = At(to).parent;
+            }
+            if (from == node)
+                return top;
+            from = At(from).next;
+            to = At(to).parent;
+        }
+        const NodeIndex child = CloneAlone(from);
+        NodeAt(child).slot = At(from).slot;
+        NodeAt(child).isInPlace = At(from).isInPlace;
+        LinkLast(to, child);
+        to = child;
+    }
+}
+
+NodeIndex Store::CloneAlone(NodeIndex node)
+{
+    const NodeIndex copy = NewNode();
+    const Node& original = At(node);
+    Node& clone = NodeAt(copy);
+    clone.loaded = original.loaded;
+    clone.name = original.name;
+    clone.isElement = original.isElement;
+    if (!original.isEdited)
+        return copy;
+    clone.isEdited = true;
+    clone.hasChildNodes = original.hasChildNodes;
+    if (const Details* const details = DetailsOf(node)) {
+        Details& copied = MakeDetails(copy);
+        copied.content = details->content;
+        copied.returns = details->returns;
+        copied.written = details->written;
+        copied.removed = details->removed;
+        if (details->attributes)
+            copied.attributes = std::make_unique<AttributeList>(*details->attributes);
+    }
+    return copy;
+}
+
+void Store::LinkLast(NodeIndex parent, NodeIndex child) noexcept
+{
+    Node& holder = NodeAt(parent);
+    Node& node = NodeAt(child);
+    node.parent = parent;
+    node.previous = holder.last;
+    (holder.last != NoNode ? NodeAt(holder.last).next : holder.first) = child;
+    holder.last = child;
+    ++holder.childCount;
+}
+
+void Store::Unlink(NodeIndex child) noexcept
+{
+    Node& node = NodeAt(child);
+    Node& holder = NodeAt(node.parent);
+    (node.previous != NoNode ? NodeAt(node.previous).next : holder.first) = node.next;
+    (node.next != NoNode ? NodeAt(node.next).previous : holder.last) = node.previous;
+    --holder.childCount;
+    node.parent = node.previous = node.next = NoNode;
+    node.isInPlace = false;
+}
+
+void Store::DetachChildren(NodeIndex parent) noexcept
+{
+    Node& holder = NodeAt(parent);
+    for (NodeIndex child = holder.first; child != NoNode;) {
+        Node& node = NodeAt(child);
+        child = node.next;
+        node.parent = node.previous = node.next = NoNode;
+        node.isInPlace = false;
+    }
+    holder.first = holder.last = NoNode;
+    holder.childCount = 0;
+    holder.hasChildNodes = true;
+}
+
+// What holds an edited node is marked already, so the way up ends at the first mark.
+void Store::MarkEdited(NodeIndex node) noexcept
+{
+    for (; node != NoNode && !At(node).isEdited; node = At(node).parent)
+        NodeAt(node).isEdited = true;
+}
+
+void Store::IndexAdded(NodeIndex parent, NodeIndex child)
+{
+    if (const Details* const holder = DetailsOf(parent); holder != nullptr && holder->index)
+        holder->index->ChildAdded(child);
+}
+
+} // namespace rulemesh::xml

@@ -1,0 +1,156 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "document/xml_attributes.h"
+#include "document/xml_child_index.h"
+#include "document/xml_document.h"
+#include "document/xml_names.h"
+#include "document/xml_parser.h"
+
+namespace rulemesh::xml {
+
+inline constexpr NodeIndex NoNode = 0;
+
+/// A node that somebody has reached. It knows its stretch of the loaded text; its children get nodes of their own when
+/// they are first asked for.
+struct Node {
+    Slice loaded; // empty when the node was made by the program
+
+    /// Orders the siblings. A child that came with the parent's text, or took the place of one, has the offset of that
+    /// place; one that was appended has a number behind all offsets.
+    std::size_t slot = 0;
+
+    NodeIndex parent = NoNode;
+    NodeIndex previous = NoNode;
+    NodeIndex next = NoNode;
+    NodeIndex first = NoNode;
+    NodeIndex last = NoNode;
+    std::uint32_t childCount = 0;
+    NameId name = NoName;
+    std::uint32_t details = 0; // see Store::DetailsOf
+
+    bool isElement = true;
+    bool hasChildNodes = false; // the children have their nodes
+    bool isEdited = false;      // something here or below differs from the loaded text
+    bool isInPlace = false;     // stands where the parent's text has it
+};
+
+/// What the content of an element is made of.
+enum class Content : std::uint8_t {
+    Loaded,   // the text that came, without the stretches that were removed, with the children at their slots; then
+              // the children that were appended
+    Written,  // one text, then the children that were appended; what reads like the content that came is given back
+              // in the form in which it came
+    Rewritten // the same, but the content that came is gone for good
+};
+
+/// What only a few nodes have: edits and indexes.
+struct Details {
+    Content content = Content::Loaded;
+    CarriageReturns returns = CarriageReturns::AsLineEnds;
+    std::string written;
+    std::vector<Slice> removed;
+
+    std::unique_ptr<AttributeList> attributes; // null as long as the loaded start tag says it all
+    std::unique_ptr<ChildIndex> index;
+};
+
+/// Where the parts of a loaded element lie.
+struct Parts {
+    std::size_t tagEnd = 0; // behind the start tag
+    Slice content;
+    bool isEmptyTag = false; // <X/>
+};
+
+/// The nodes of a document over its text. The members raise nothing: XmlDocument has checked what it hands down.
+class Store {
+public:
+    Store();
+    ~Store();
+    Store(const Store&) = delete;
+    Store& operator=(const Store&) = delete;
+
+    /// Takes over a text in UTF-8; a store loads once. False when the text is not well-formed.
+    [[nodiscard]] bool Load(std::string text);
+
+    [[nodiscard]] std::string_view Loaded() const noexcept { return text_; }
+    [[nodiscard]] bool IsEdited() const noexcept { return At(root_).isEdited; }
+    [[nodiscard]] NodeIndex Root() const noexcept { return root_; }
+    [[nodiscard]] NodeIndex First() const noexcept { return first_; }
+    [[nodiscard]] NodeIndex NodeCount() const noexcept { return nodeCount_; }
+    [[nodiscard]] const Node& At(NodeIndex node) const noexcept { return (*blocks_[node / BlockSize])[node % BlockSize]; }
+    [[nodiscard]] NameTable& Names() noexcept { return names_; }
+
+    [[nodiscard]] NodeIndex FirstChild(NodeIndex parent);
+    [[nodiscard]] NodeIndex FirstChild(NodeIndex parent, std::string_view name);
+    [[nodiscard]] NodeIndex FirstChild(NodeIndex parent, std::string_view name, std::string_view key,
+                                       std::string_view value);
+    [[nodiscard]] NodeIndex NextSibling(NodeIndex node, std::string_view name) const noexcept;
+    [[nodiscard]] std::vector<NodeIndex> Children(NodeIndex parent, std::string_view name);
+
+    [[nodiscard]] NodeIndex Create(std::string_view name);
+    [[nodiscard]] NodeIndex Clone(NodeIndex node);
+
+    /// Puts a child without parent behind the others.
+    void Append(NodeIndex parent, NodeIndex child);
+    void Remove(NodeIndex child);
+    void Replace(NodeIndex newChild, NodeIndex oldChild);
+    void WriteText(NodeIndex node, std::string text, CarriageReturns returns);
+    void Empty(NodeIndex node);
+
+    [[nodiscard]] std::optional<std::string> Attribute(NodeIndex node, std::string_view name);
+    [[nodiscard]] std::optional<std::string> Attribute(NodeIndex node, NameId name);
+    [[nodiscard]] bool HasAttribute(NodeIndex node, NameId name, std::string_view value);
+    void SetAttribute(NodeIndex node, std::string_view name, std::string value);
+
+    /// Null when the node has none.
+    [[nodiscard]] const Details* DetailsOf(NodeIndex node) const noexcept;
+    [[nodiscard]] Parts PartsOf(NodeIndex node) const noexcept;
+
+    /// The stretches that are removed from the content of a node with details, in the order of the text.
+    [[nodiscard]] const std::vector<Slice>& SortedRemovals(NodeIndex node);
+
+private:
+    static constexpr NodeIndex BlockSize = 256;
+    static constexpr std::uint32_t FewChildren = 16;
+    static constexpr std::size_t ManyAttributes = 64;
+    using Block = std::array<Node, BlockSize>;
+
+    [[nodiscard]] Node& NodeAt(NodeIndex node) noexcept { return (*blocks_[node / BlockSize])[node % BlockSize]; }
+    [[nodiscard]] NodeIndex NewNode();
+    [[nodiscard]] Details& MakeDetails(NodeIndex node);
+    [[nodiscard]] AttributeList& MakeAttributes(NodeIndex node);
+    [[nodiscard]] ChildIndex& IndexOf(NodeIndex parent);
+    [[nodiscard]] NodeIndex CloneAlone(NodeIndex node);
+
+    void FindChildren(NodeIndex parent);
+    void AddLoadedChild(NodeIndex parent, Slice slice);
+    void LinkLast(NodeIndex parent, NodeIndex child) noexcept;
+    void Unlink(NodeIndex child) noexcept;
+    void DetachChildren(NodeIndex parent) noexcept;
+    void MarkEdited(NodeIndex node) noexcept;
+    void IndexAdded(NodeIndex parent, NodeIndex child);
+    void ReplaceContent(NodeIndex node, Content content, std::string text, CarriageReturns returns);
+    [[nodiscard]] bool HasLoadedContent(NodeIndex node) const noexcept;
+
+    std::string owned_;
+    std::string_view text_;
+    Outline outline_;
+    NameTable names_;
+    std::vector<std::unique_ptr<Block>> blocks_;
+    NodeIndex nodeCount_ = 0;
+    std::vector<std::unique_ptr<Details>> details_; // the first stands for none
+    NodeIndex root_ = NoNode;
+    NodeIndex first_ = NoNode;
+    std::size_t nextSlot_ = 0;
+};
+
+} // namespace rulemesh::xml
