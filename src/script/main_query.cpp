@@ -1,0 +1,117 @@
+#include "script/main_query.h"
+
+#include "base/failure.h"
+#include "script/reconcile_dumps.h"
+#include "script/script_keys.h"
+
+namespace rulemesh {
+
+void MainQueries::ShowMigrateQuery(const Text& StrTable)
+{
+    views_.txtMainQuery.Text(StrTable.empty() ? Text() : DecodeEntities(document_.GetQueryText(StrTable)));
+    views_.txtMainQuery.Tag(StrTable);
+    if (!state_.BoolEdit)
+        views_.CmdMQDoc.Enabled(HasMainQueryNote());
+}
+
+bool MainQueries::HasMainQueryNote() const
+{
+    const Text& StrTable = views_.txtMainQuery.Tag();
+    if (TrimBlanks(StrTable).empty())
+        return false;
+    const XmlNode query = document_.GetNode(document_.RootPath(u"QUERY"), u"ST", StrTable);
+    return query && !GetAttribute(query, u"TEXT").empty();
+}
+
+void MainQueries::SaveQuery(const Text& StrTable, const Text& StrText)
+{
+    if (StrText.empty())
+        return;
+    try {
+        XmlNode query = document_.GetNode(document_.RootPath(u"QUERY"), u"ST", StrTable);
+        if (!query)
+            query = AppendChild(document_.Document(), document_.Document().firstChild(), u"QUERY", u"ST", StrTable);
+        query.text(StrText);
+    } catch (const Failure& failure) {
+        document_.RecordError(failure.Number(), failure.Description() + u" in Saving Query", 0, u"");
+    }
+}
+
+// The dumps are read from the stored scripts before and after the write, so that comparing them parses no box.
+void MainQueries::SaveMainQuery()
+{
+    SyntaxBox& box = views_.txtMainQuery;
+    state_.IntPriorDumpNumbers = {0};
+    state_.StrPriorDumpTexts = {u""};
+    CollectDumps(state_.IntPriorDumpNumbers, state_.StrPriorDumpTexts);
+    SaveQuery(box.Tag(), box.Text());
+    CollectDumps(state_.IntDumpNumbers, state_.StrDumpTexts);
+    ReconcileDumps(state_.IntDumpNumbers, state_.IntPriorDumpNumbers, box, platform_);
+    SaveQuery(box.Tag(), box.Text());
+}
+
+void MainQueries::CollectDumps(std::vector<std::int16_t>& IntNumbers, std::vector<Text>& StrTexts)
+{
+    IntNumbers = {0}; // the texts stay until a dump takes their place
+    scanner_.ScanDumpKeywords(document_.GetPreconditionText(), IntNumbers, StrTexts);
+    scanner_.ScanDumpKeywords(document_.GetFunctionsText(), IntNumbers, StrTexts);
+    state_.DumpSourceTables.clear();
+    IndexDumps(IntNumbers, u"", StrTexts);
+    for (const Text& StrTable : state_.StrMigrateTables) {
+        scanner_.ScanDumpKeywords(document_.GetQueryText(StrTable), IntNumbers, StrTexts);
+        IndexDumps(IntNumbers, StrTable, StrTexts);
+    }
+}
+
+void MainQueries::IndexDumps(const std::vector<std::int16_t>& IntNumbers, const Text& StrTable,
+                             const std::vector<Text>& StrTexts)
+{
+    if (IsEmptyList(IntNumbers))
+        return;
+    for (std::size_t index = 0; index < IntNumbers.size(); ++index) {
+        state_.DumpSourceTables.try_emplace(IntNumbers[index], StrTable);
+        state_.DumpComments.insert_or_assign(IntNumbers[index], StrTexts[index]);
+    }
+}
+
+void MainQueries::MainQuery(const Text& StrText)
+{
+    views_.txtMainQuery.Text(StrText);
+    SaveMainQuery();
+    views_.cmdBuildMQ.Enabled(true);
+}
+
+void MainQueries::lstMigrateSource_ItemClick(int row)
+{
+    constexpr TextView StrPrefix = u"migrate ";
+    const Text StrRow = views_.lstMigrateSource.TextAt(row, 0);
+    if (StrRow.empty())
+        return;
+    SyntaxBox& box = views_.txtMainQuery;
+    if (!box.Tag().empty())
+        SaveQuery(box.Tag(), box.Text());
+    const Text StrTable(TrimBlanks(TextView(StrRow).substr(FindIgnoringCase(StrRow, StrPrefix) + StrPrefix.size())));
+    box.Text(DecodeEntities(document_.GetQueryText(StrTable)));
+    box.Tag(StrTable);
+}
+
+void MainQueries::txtMainQuery_GotFocus()
+{
+    if (!state_.BoolEdit)
+        views_.CmdMQDoc.Enabled(HasMainQueryNote());
+    views_.txtMainQuery.Locked(views_.lstMigrateSource.Count() == 0 || !state_.BoolEdit);
+}
+
+void MainQueries::txtMainQuery_KeyDown(std::int16_t& KeyCode, std::int16_t Shift)
+{
+    MoveByTabKey(KeyCode, Shift, views_.cmdBuildMQ, views_.lstMigrateSource);
+}
+
+void MainQueries::cmdBuildMQ_Click()
+{
+    const SyntaxBox& box = views_.txtMainQuery;
+    if (!box.Tag().empty())
+        events_.ShowQueryBuilderPopUp(box.Text(), box.Tag());
+}
+
+} // namespace rulemesh

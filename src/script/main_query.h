@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "script/control_events.h"
+#include "script/script_scanner.h"
+
+namespace rulemesh {
+
+/// The main queries: one script for each migrate table, shown one at a time in txtMainQuery, whose tag names the table.
+/// The scripts decide which dumps exist; a save compares the dumps before and after it and guards against their loss.
+class MainQueries {
+public:
+    MainQueries(DocumentAccess& document, ControlState& state, DesignerViews& views, Platform& platform,
+                ControlEvents& events, ScriptScanner& scanner)
+        : document_(document), state_(state), views_(views), platform_(platform), events_(events), scanner_(scanner)
+    {
+    }
+
+    /// Shows the script of a table; "" empties the box.
+    void ShowMigrateQuery(const Text& StrTable);
+
+    /// Stores a script; an empty one is never stored. A failure is recorded as an error.
+    void SaveQuery(const Text& StrTable, const Text& StrText);
+
+    /// The full save of the script in the box, with the warnings about lost dumps.
+    void SaveMainQuery();
+
+    /// Reads the dumps that the stored scripts name, in order of first appearance.
+    void CollectDumps(std::vector<std::int16_t>& IntNumbers, std::vector<Text>& StrTexts);
+
+    /// Whether the query of the table in the box has a note.
+    [[nodiscard]] bool HasMainQueryNote() const;
+
+    /// The property MainQuery.
+    void MainQuery(const Text& StrText);
+
+    void lstMigrateSource_ItemClick(int row);
+    void txtMainQuery_GotFocus();
+    void txtMainQuery_KeyDown(std::int16_t& KeyCode, std::int16_t Shift);
+    void cmdBuildMQ_Click();
+
+private:
+    void IndexDumps(const std::vector<std::int16_t>& IntNumbers, const Text& StrTable,
+                    const std::vector<Text>& StrTexts);
+
+    DocumentAccess& document_;
+    ControlState& state_;
+    DesignerViews& views_;
+    Platform& platform_;
+    ControlEvents& events_;
+    ScriptScanner& scanner_;
+};
+
+} // namespace rulemesh

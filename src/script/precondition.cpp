@@ -1,0 +1,123 @@
+#include "script/precondition.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+#include "base/case_map.h"
+#include "script/script_keys.h"
+
+namespace rulemesh {
+
+void PreConditions::ShowPreCondition()
+{
+    views_.txtPreCondition.Text(DecodeEntities(document_.GetPreconditionText()));
+    RefreshNoteButton();
+}
+
+void PreConditions::RefreshNoteButton()
+{
+    if (!state_.BoolEdit)
+        views_.CmdPreDoc.Enabled(HasPreConditionNote());
+}
+
+bool PreConditions::HasPreConditionNote() const
+{
+    const XmlNode precondition = document_.GetNode(document_.RootPath(u"PREC"));
+    return precondition && !GetAttribute(precondition, u"TEXT").empty();
+}
+
+// The tables are worked out by parsing the stored text and then the box, so complaints come for both.
+void PreConditions::SavePreCondition()
+{
+    SyntaxBox& box = views_.txtPreCondition;
+    state_.StrPriorMigrateTables = {u""};
+    state_.StrNewMigrateTables = {u""};
+    const XmlNode node = document_.GetNode(document_.RootPath(u"PREC"));
+    const Text StrStored = node.text();
+    scanner_.ParseMigrateKeywords(StrStored);
+    state_.StrPriorMigrateTables = state_.StrMigrateTables;
+    scanner_.ParseMigrateKeywords(box.Text());
+    state_.StrNewMigrateTables = state_.StrMigrateTables;
+
+    if (MigrateStatementsLost()) {
+        const MessageButton answer =
+            platform_.ShowMessage({.Text = u"Migrate statement(s) removed, \r\nScript will be deleted if Press 'OK', "
+                                           u"Cancel will undo the changes : ",
+                                   .Title = u"PreCondition warning",
+                                   .Buttons = {MessageButton::Ok, MessageButton::Cancel},
+                                   .Icon = MessageIcon::Notice});
+        if (answer == MessageButton::Cancel) {
+            box.Text(StrStored);
+            node.text(box.Text());
+            AnalysePreCondition(); // and once more below: what it has to say comes twice
+        }
+    }
+    node.text(box.Text());
+    AnalysePreCondition();
+}
+
+// How many tables there are counts, not which: a table replaced in place is no loss.
+bool PreConditions::MigrateStatementsLost() const
+{
+    const std::vector<Text>& prior = state_.StrPriorMigrateTables;
+    const std::vector<Text>& now = state_.StrNewMigrateTables;
+    const bool hadTables = !prior.front().empty();
+    const bool boxIsBlank = TrimBlanks(views_.txtPreCondition.Text()).empty();
+    return (hadTables && now.front().empty()) || prior.size() > now.size() || (boxIsBlank && hadTables);
+}
+
+void PreConditions::AnalysePreCondition()
+{
+    state_.StrMigrateTables = {u""};
+    scanner_.ParseMigrateKeywords(document_.GetPreconditionText());
+    if (TrimBlanks(state_.StrMigrateTables.front()).empty()) {
+        queries_.ShowMigrateQuery(u"");
+        scanner_.FillMigrateList();
+        return;
+    }
+    const bool opens = !AddFirstUnknownTable() && CatalogueHasMigrateTables();
+    views_.MainTab.TabEnabled(1, opens);
+    if (!IsInStringList(state_.StrMigrateTables, views_.txtMainQuery.Tag()))
+        queries_.ShowMigrateQuery(state_.StrMigrateTables.front());
+    scanner_.FillMigrateList();
+}
+
+// One run adds one table; any further one waits for the next run.
+bool PreConditions::AddFirstUnknownTable()
+{
+    const Text StrSourceTables = sourceTables_.SourceTables();
+    const std::vector<Text> parts = Split(StrSourceTables, u',');
+    const std::unordered_set<Text> known(parts.begin(), parts.end());
+    const auto unknown = std::find_if(state_.StrMigrateTables.begin(), state_.StrMigrateTables.end(),
+                                      [&](const Text& StrTable) { return !known.contains(StrTable); });
+    if (unknown == state_.StrMigrateTables.end())
+        return false;
+    sourceTables_.SourceTables(StrSourceTables.empty() ? *unknown : StrSourceTables + u"," + *unknown);
+    return true;
+}
+
+bool PreConditions::CatalogueHasMigrateTables() const
+{
+    return std::all_of(state_.StrMigrateTables.begin(), state_.StrMigrateTables.end(), [&](const Text& StrTable) {
+        return static_cast<bool>(document_.GetNode(document_.RootPath(u"SRCTAB/" + ToUpper(StrTable))));
+    });
+}
+
+void PreConditions::PreCondition(const Text& StrText)
+{
+    views_.txtPreCondition.Text(DecodeEntities(StrText));
+    SavePreCondition();
+    views_.CmdBuildPre.Enabled(true);
+}
+
+void PreConditions::txtPreCondition_KeyDown(std::int16_t& KeyCode, std::int16_t Shift)
+{
+    MoveByTabKey(KeyCode, Shift, views_.CmdSelectSource, views_.lstSourceTables);
+}
+
+void PreConditions::CmdBuildPre_Click()
+{
+    events_.ShowConditionBuilderPopUp(document_.GetPreconditionText(), document_.GetSourceTablesText());
+}
+
+} // namespace rulemesh

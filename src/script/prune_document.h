@@ -1,0 +1,28 @@
+#pragma once
+
+#include "script/main_query.h"
+
+namespace rulemesh {
+
+/// Brings the document in line with the scripts when the host reads it: queries of tables that are no longer migrated
+/// go, dumps that a script names are made, and dumps that none names go with all their rules.
+class DocumentPruning {
+public:
+    DocumentPruning(DocumentAccess& document, ControlState& state, ScriptScanner& scanner, MainQueries& queries)
+        : document_(document), state_(state), scanner_(scanner), queries_(queries)
+    {
+    }
+
+    void PruneDocument();
+
+private:
+    void PruneQueries();
+    void SyncDumps();
+
+    DocumentAccess& document_;
+    ControlState& state_;
+    ScriptScanner& scanner_;
+    MainQueries& queries_;
+};
+
+} // namespace rulemesh
