@@ -1,0 +1,38 @@
+#pragma once
+
+#include "engine/dump_view.h"
+#include "script/precondition.h"
+
+namespace rulemesh {
+
+/// Reuses rules that were maintained already: all of one dump for another dump of the same table, or one field's rule
+/// for every dump of its table. Rule records are cloned, so that the rule, its note and its kind travel together.
+class DumpCopying {
+public:
+    DumpCopying(DocumentAccess& document, ControlState& state, DesignerViews& views, Platform& platform,
+                DumpView& dumpView, PreConditions& preConditions)
+        : document_(document), state_(state), views_(views), platform_(platform), dumpView_(dumpView),
+          preConditions_(preConditions)
+    {
+    }
+
+    /// Replaces all rules of the current dump by those of a dump that the user names.
+    void cmdCopyDump_Click();
+
+    /// Spreads the rule of the selected target field to every other dump of the same table.
+    void cmdCopyToAllDumps_Click();
+
+private:
+    [[nodiscard]] XmlNode TargetOfCopy(std::int16_t IntTo);
+    void CopyRules(XmlNode source, XmlNode target, const Text& StrFrom, std::int16_t IntTo);
+    void SpreadRule(XmlNode rule, const Text& StrField, const Text& StrTable, const Text& StrCurrent);
+
+    DocumentAccess& document_;
+    ControlState& state_;
+    DesignerViews& views_;
+    Platform& platform_;
+    DumpView& dumpView_;
+    PreConditions& preConditions_;
+};
+
+} // namespace rulemesh

@@ -1,0 +1,243 @@
+#include "engine/dump_view.h"
+
+#include "base/case_map.h"
+#include "base/failure.h"
+#include "base/numbers.h"
+#include "document/field_catalogue.h"
+#include "document/names.h"
+
+namespace rulemesh {
+
+namespace {
+
+// A rule cell that no rule ever reached holds one blank, not "".
+constexpr TextView UntouchedRule = u" ";
+
+std::int16_t RowOf(XmlNode field) { return ToInt16(std::int64_t{ToInt16(GetAttribute(field, u"No"))} - 1); }
+
+} // namespace
+
+void DumpView::RefreshTargetList()
+{
+    const XmlNode table = store_.GetTargetTableNode(0);
+    views_.lstTargetFields.Clear();
+    FillTargetFields(views_.lstTargetFields, table);
+}
+
+void DumpView::ShowDump(std::int16_t IntDump)
+{
+    ShowSourceFields();
+    if (state_.BoolMultiTarget) {
+        RefreshTargetFields();
+    } else {
+        if (views_.RulesGrid.Rows() < 2) {
+            const XmlNode table = store_.GetTargetTableNode(0);
+            if (!table) {
+                views_.CmbDump.Tag(TwoDigitNumber(IntDump));
+                return;
+            }
+            BuildRuleRows(ToLower(table.baseName()));
+        }
+        LoadDumpRules(IntDump);
+    }
+    views_.CmbDump.Tag(PlainNumber(IntDump));
+}
+
+void DumpView::ShowSourceFields()
+{
+    views_.lstSourceFields.Clear();
+    for (int row = 1; row <= views_.lstSourceTables.Count(); ++row) {
+        const Text StrTable = views_.lstSourceTables.TextAt(row, 0);
+        if (!StrTable.empty())
+            FillSourceFields(views_.lstSourceFields,
+                             document_.GetNode(document_.RootPath(u"SRCTAB/" + ToUpper(StrTable))));
+    }
+}
+
+void DumpView::BuildRuleRows(const Text& StrTable)
+{
+    const XmlNode table = store_.CatalogueTable(StrTable);
+    if (!table)
+        return;
+    views_.RulesGrid.ClearRows();
+    views_.CmbDump.ToolTip(CommentOf(LeadingNumber(views_.CmbDump.Text())));
+    for (XmlNode field = table.firstChild(); field; field = field.nextSibling())
+        views_.RulesGrid.AddItem({QualifiedName(table.baseName(), field.baseName()), Text(UntouchedRule)});
+}
+
+void DumpView::LoadDumpRules(std::int16_t IntDump)
+{
+    Grid& grid = views_.RulesGrid;
+    if (IntDump == 0) {
+        for (int row = 0; row < grid.Rows(); ++row)
+            grid.TextMatrix(row, 1, u"");
+        if (views_.CmbDump.HasSelection())
+            ShowSelectedDumpInCaption();
+        return;
+    }
+    const XmlNode table = store_.GetTargetTableNode(0);
+    ShowDumpTarget(PlainNumber(IntDump));
+    if (!table) {
+        views_.CmbDump.Tag(TwoDigitNumber(IntDump));
+        return;
+    }
+    for (XmlNode field = table.firstChild(); field; field = field.nextSibling())
+        grid.TextMatrix(RowOf(field), 1, document_.GetRuleText(IntDump, field.baseName()));
+    grid.TopRow(0);
+    if (!views_.CmbDump.HasSelection())
+        views_.CmbDump.ListIndex(0);
+    ShowSelectedDumpInCaption();
+}
+
+void DumpView::ShowSelectedDumpInCaption()
+{
+    const Text StrComment = CommentOf(LeadingNumber(views_.CmbDump.Text()));
+    views_.Details.Caption(u"F&ields of Dump: " + PrintedNumber(SelectedDump()) + u":" + StrComment);
+    views_.CmbDump.ToolTip(StrComment);
+}
+
+Text DumpView::CommentOf(std::int16_t IntDump) const
+{
+    const auto comment = state_.DumpComments.find(IntDump);
+    return comment == state_.DumpComments.end() ? Text() : comment->second;
+}
+
+void DumpView::SaveDumpRules(const Text& StrDump)
+{
+    if (StrDump.empty() || StrDump == u"0")
+        return;
+    const std::int16_t IntDump = ToInt16(StrDump);
+    XmlNode dump = document_.GetDumpNode(IntDump);
+    if (!dump) {
+        dump =
+            AppendChild(document_.Document(), document_.Document().firstChild(), u"DUMP", u"No", PlainNumber(IntDump));
+        if (state_.BoolMultiTarget)
+            AskForTargetTable(dump);
+    }
+    const XmlNode table = store_.GetTargetTableNode(0);
+    if (!table)
+        return;
+    for (XmlNode field = table.firstChild(); field; field = field.nextSibling())
+        SaveRule(dump, field);
+}
+
+// The message does not stop the save: the dump keeps an empty table until somebody chooses one.
+void DumpView::AskForTargetTable(XmlNode dump)
+{
+    if (views_.CmbTargetTable.Text().empty()) {
+        platform_.ShowMessage(
+            {.Text = u"TargetTable for the Dump Not chosen. Please Choose One Now", .Icon = MessageIcon::Critical});
+        views_.MainTab.Tab(1);
+        views_.CmbTargetTable.SetFocus();
+    }
+    SetAttribute(dump, u"TT", views_.CmbTargetTable.Text());
+}
+
+// The two limits differ: a field past the last row is passed over when it has a record, and is a failure of the grid
+// when it has none.
+void DumpView::SaveRule(XmlNode dump, XmlNode field)
+{
+    const Text StrField = field.baseName();
+    const XmlNode rule = dump.selectSingleNode(StrField);
+    const Grid& grid = views_.RulesGrid;
+    const int row = RowOf(field);
+    if (!rule) {
+        if (row <= grid.Rows() && !grid.TextMatrix(row, 1).empty())
+            store_.AppendRule(dump, StrField, grid.TextMatrix(row, 1));
+        return;
+    }
+    if (row > grid.Rows() - 1)
+        return;
+    const Text& StrRule = grid.TextMatrix(row, 1);
+    if (StrRule.empty())
+        dump.removeChild(rule);
+    else
+        DumpStore::WriteRule(rule, StrRule);
+}
+
+void DumpView::RefreshTargetFields()
+{
+    if (!state_.BoolMultiTarget)
+        return;
+    const XmlNode table = store_.GetTargetTableNode(0);
+    views_.lstTargetFields.Clear();
+    if (!table)
+        return;
+    FillTargetFields(views_.lstTargetFields, table);
+    const Text StrTable = table.baseName();
+    BuildRuleRows(ToLower(StrTable));
+    if (!views_.CmbDump.Tag().empty())
+        LoadDumpRules(ToInt16(views_.CmbDump.Tag()));
+    const std::vector<ComboBox::Entry>& entries = views_.CmbTargetTable.Entries();
+    for (std::size_t index = 0; index < entries.size(); ++index) {
+        if (entries[index].Text == StrTable) {
+            views_.CmbTargetTable.ListIndex(static_cast<int>(index));
+            return;
+        }
+    }
+}
+
+void DumpView::ShowDumpTarget(const Text& StrDump)
+{
+    const Text StrTable = store_.GetDumpTargetTable(ToInt16(views_.CmbDump.Tag()));
+    if (StrTable.empty())
+        return;
+    const Text StrDescription = store_.GetDumpTargetDescription(ToInt16(StrDump));
+    views_.LBLTargetTableName.Caption(StrTable);
+    views_.lblTargetTableDescription.Caption(StrDescription);
+    const std::vector<ComboBox::Entry>& entries = views_.CmbTargetTable.Entries();
+    for (std::size_t index = 0; index < entries.size(); ++index) {
+        if (TrimBlanks(entries[index].Text) == StrTable)
+            views_.CmbTargetTable.ListIndex(static_cast<int>(index)); // of two equal entries the last one stands
+    }
+}
+
+void DumpView::LeaveShownDump(Labels labels)
+{
+    if (views_.CmbDump.Tag().empty())
+        return;
+    SaveDumpRules(views_.CmbDump.Tag());
+    if (!views_.lblTargetTable.Visible())
+        return;
+    const std::int16_t IntDump = SelectedDump();
+    views_.LBLTargetTableName.Caption(store_.GetDumpTargetTable(IntDump));
+    if (labels == Labels::TableAndDescription)
+        views_.lblTargetTableDescription.Caption(store_.GetDumpTargetDescription(IntDump));
+}
+
+void DumpView::CmbDump_Click()
+{
+    LeaveShownDump(Labels::TableAndDescription);
+    views_.CmbDump.Tag(PlainNumber(SelectedDump()));
+    views_.lstTargetFields.SetFocus(); // CmbDump loses the focus by this, and that loads the dump
+}
+
+void DumpView::Command1_Click()
+{
+    LeaveShownDump(Labels::Table);
+    views_.CmbDump.Tag(PlainNumber(SelectedDump()));
+}
+
+std::int16_t DumpView::SelectedDump() const { return ToInt16(std::int64_t{views_.CmbDump.ItemData()}); }
+
+bool DumpView::CaptionHasDump() const { return views_.Details.Caption().find(u':') != Text::npos; }
+
+std::int16_t DumpView::DumpInCaption() const
+{
+    if (!CaptionHasDump())
+        throw Failure(FailureCode::SubscriptOutOfRange);
+    return ToInt16(TrimBlanks(Split(views_.Details.Caption(), u':')[1]));
+}
+
+void DumpView::CmbDump_LostFocus()
+{
+    if (!CaptionHasDump() || !views_.CmbDump.HasSelection())
+        return;
+    const std::int16_t IntDump = SelectedDump();
+    if (IntDump == DumpInCaption())
+        return;
+    views_.CmbDump.Tag(PlainNumber(IntDump));
+    ShowDump(IntDump);
+}
+
+} // namespace rulemesh

@@ -1,0 +1,55 @@
+#include <limits>
+
+#include "base/failure.h"
+#include "document/field_catalogue.h"
+#include "document/names.h"
+#include "engine/mapping.h"
+#include "engine/module1.h"
+
+namespace rulemesh {
+
+bool IsBlankRule(TextView StrRule) { return TrimBlanks(StrRule).find_first_not_of(u'\t') == TextView::npos; }
+
+void RuleMapping::SetRuleIfEmpty(TextView StrField, const Text& StrRule)
+{
+    const int row = store_.GetFieldNumber(StrField) - 1;
+    if (row >= 0 && IsBlankRule(views_.RulesGrid.TextMatrix(row, 1)))
+        views_.RulesGrid.TextMatrix(row, 1, StrRule);
+}
+
+void RuleMapping::CmdMap_Click()
+{
+    const ListView& targets = views_.lstTargetFields;
+    ListView& sources = views_.lstSourceFields;
+    const int selected = targets.SelectedRow();
+    if (selected == 0)
+        return;
+    if (sources.Count() > std::numeric_limits<std::int16_t>::max())
+        throw Failure(FailureCode::Overflow);
+
+    const Text StrRule = RuleFromTickedFields(targets.TextAt(selected, TargetField::Type));
+    if (StrRule.empty())
+        platform_.ShowMessage({.Text = u"Please choose a source field to map"});
+    else
+        SetRuleIfEmpty(FieldPart(targets.TextAt(selected, TargetField::Name)), StrRule);
+    for (int row = 1; row <= sources.Count(); ++row)
+        sources.Check(row, false);
+}
+
+// The comma comes before the conversion that may give "", so a rule can end in one.
+Text RuleMapping::RuleFromTickedFields(TextView StrTargetType) const
+{
+    const ListView& sources = views_.lstSourceFields;
+    Text StrRule;
+    for (int row = 1; row <= sources.Count(); ++row) {
+        if (!sources.At(row).Checked)
+            continue;
+        if (!StrRule.empty())
+            StrRule += u',';
+        StrRule += ConvertForTarget(sources.TextAt(row, SourceField::Name), sources.TextAt(row, SourceField::Type),
+                                    StrTargetType);
+    }
+    return StrRule;
+}
+
+} // namespace rulemesh

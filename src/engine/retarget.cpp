@@ -1,0 +1,63 @@
+#include "engine/retarget.h"
+
+#include "base/case_map.h"
+#include "base/numbers.h"
+
+namespace rulemesh {
+
+Text DumpRetargeting::ChooseTarget(std::int16_t IntDump, const Text& StrDefault)
+{
+    Shared().BoolTextMode = false;
+    Shared().StrChooserTables.clear();
+    for (const ComboBox::Entry& entry : views_.CmbTargetTable.Entries())
+        Shared().StrChooserTables += entry.Text + u";";
+    Shared().StrChosenTable = StrDefault;
+    Shared().IntChooserDump = IntDump;
+    chooser_.ShowChooser();
+    return Shared().StrChosenTable;
+}
+
+void DumpRetargeting::CmdChange_Click()
+{
+    const std::int16_t IntDump = dumpView_.SelectedDump();
+    const Text StrTable = ChooseTarget(IntDump, views_.CmbTargetTable.Text());
+    if (ToUpper(views_.LBLTargetTableName.Caption()) != ToUpper(StrTable)) {
+        if (store_.DumpHasRules() && !UserGivesUpRules(IntDump, StrTable))
+            return;
+        AssignTable(IntDump, StrTable);
+    }
+    dumpView_.RefreshTargetFields();
+}
+
+bool DumpRetargeting::UserGivesUpRules(std::int16_t IntDump, const Text& StrNewTable)
+{
+    const Text StrDump = PrintedNumber(IntDump);
+    const Text& StrOldTable = views_.LBLTargetTableName.Caption();
+    const MessageButton answer = platform_.ShowMessage(
+        {.Text = u"You are changing the association of dump" + StrDump + u" from table : " + StrOldTable + u" to " +
+                 StrNewTable + u"\r\nYou lose the maintained rules of dump" + StrDump + u" for target table " +
+                 StrOldTable + u"\r\n Press 'Yes' to Proceed; 'No' to Cancel the Action",
+         .Buttons = {MessageButton::Yes, MessageButton::No},
+         .Icon = MessageIcon::Critical});
+    return answer == MessageButton::Yes;
+}
+
+// The description of the former table stays. Unsaved edits in the grid go with the rules.
+void DumpRetargeting::AssignTable(std::int16_t IntDump, const Text& StrTable)
+{
+    const XmlNode dump = document_.GetDumpNode(IntDump);
+    SetAttribute(dump, u"TT", StrTable);
+    dump.removeChildren();
+    AppendDefaultRule(dump, StrTable);
+    views_.LBLTargetTableName.Caption(StrTable);
+    dumpView_.ShowDump(IntDump);
+}
+
+void DumpRetargeting::AppendDefaultRule(XmlNode dump, const Text& StrTable)
+{
+    const XmlNode firstField = store_.CatalogueTable(StrTable).firstChild();
+    if (firstField)
+        store_.AppendRule(dump, firstField.baseName(), u"default()");
+}
+
+} // namespace rulemesh

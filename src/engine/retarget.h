@@ -1,0 +1,39 @@
+#pragma once
+
+#include "engine/dump_view.h"
+#include "engine/module1.h"
+
+namespace rulemesh {
+
+/// Gives a dump of a multi-target object another target table. Its rules belong to the fields of the former one, so
+/// they go.
+class DumpRetargeting {
+public:
+    DumpRetargeting(DocumentAccess& document, DesignerViews& views, Platform& platform, DumpStore& store,
+                    DumpView& dumpView, TargetChooser& chooser)
+        : document_(document), views_(views), platform_(platform), store_(store), dumpView_(dumpView), chooser_(chooser)
+    {
+    }
+
+    void CmdChange_Click();
+
+    /// Offers the entries of CmbTargetTable for a dump; the answer is StrDefault when the user cancels.
+    [[nodiscard]] Text ChooseTarget(std::int16_t IntDump, const Text& StrDefault);
+
+    /// Puts the one rule that a dump with a new table starts with, `default()`, into the table's first field. Raises
+    /// ObjectVariableNotSet when the catalogue lacks the table.
+    void AppendDefaultRule(XmlNode dump, const Text& StrTable);
+
+private:
+    [[nodiscard]] bool UserGivesUpRules(std::int16_t IntDump, const Text& StrNewTable);
+    void AssignTable(std::int16_t IntDump, const Text& StrTable);
+
+    DocumentAccess& document_;
+    DesignerViews& views_;
+    Platform& platform_;
+    DumpStore& store_;
+    DumpView& dumpView_;
+    TargetChooser& chooser_;
+};
+
+} // namespace rulemesh
