@@ -1,0 +1,234 @@
+#include "shell/ctl_rulemesh.h"
+
+#include "base/code_page.h"
+#include "base/numbers.h"
+#include "base/utf8.h"
+#include "platform/text_files.h"
+
+namespace rulemesh {
+
+namespace {
+
+constexpr std::int16_t AltAlone = 4;
+
+} // namespace
+
+ctlRulemesh::ctlRulemesh(Platform& platform, ControlEvents& events)
+    : platform_(platform), document_(XmlDocument_, state_), scanner_(document_, state_, views_, platform),
+      sourceTables_(document_, views_, events), queries_(document_, state_, views_, platform, events, scanner_),
+      preConditions_(document_, state_, views_, platform, events, scanner_, queries_, sourceTables_),
+      pruning_(document_, state_, scanner_, queries_), store_(document_, state_, views_),
+      dumpView_(document_, state_, views_, platform, store_), mapping_(views_, platform, store_, dumpView_),
+      copying_(document_, state_, views_, platform, dumpView_, preConditions_), chooser_(platform),
+      retargeting_(document_, views_, platform, store_, dumpView_, chooser_),
+      notes_(document_, state_, views_, platform), grid_(state_, views_, dumpView_), lists_(views_, dumpView_, grid_),
+      editor_(state_, views_, platform, queries_, preConditions_, sourceTables_),
+      panels_(document_, state_, views_, events), layout_(views_, panels_),
+      tabs_(document_, state_, views_, platform, queries_, preConditions_, dumpView_, retargeting_, layout_)
+{
+    WireHandlers();
+    UserControl_Initialize();
+}
+
+void ctlRulemesh::UserControl_Initialize()
+{
+    DesignerViews& v = views_;
+    v.CmdOk.Left(v.cmdBuildMQ.Left());
+    v.CmdCancel.Left(v.CmdMQDoc.Left());
+    for (SyntaxBox* box : {&v.txtFunctions, &v.txtVariables}) {
+        box->Top(v.txtPreCondition.Top());
+        box->Left(v.txtPreCondition.Left());
+        box->Width(v.txtPreCondition.Width());
+        box->Height(v.CmdOk.Top() - 50 - v.txtPreCondition.Top());
+    }
+    layout_.SetResizeImages(true, true);
+}
+
+void ctlRulemesh::WireHandlers()
+{
+    DesignerViews& v = views_;
+
+    v.Tree.KeyDown = [this](auto& KeyCode, auto Shift) { UserControl_KeyDown(KeyCode, Shift); };
+    v.Tree.ExitFocus = [this] { UserControl_ExitFocus(); };
+    v.MainTab.Click = [this](auto PreviousTab) { tabs_.MainTab_Click(PreviousTab); };
+
+    v.CmdSelectSource.Click = [this] { sourceTables_.CmdSelectSource_Click(); };
+    v.lstSourceTables.KeyDown = [this](auto& KeyCode, auto) { sourceTables_.lstSourceTables_KeyDown(KeyCode); };
+    v.txtPreCondition.GotFocus = [this] { preConditions_.txtPreCondition_GotFocus(); };
+    v.txtPreCondition.LostFocus = [this] { preConditions_.SavePreCondition(); };
+    v.txtPreCondition.KeyDown = [this](auto& KeyCode, auto Shift) {
+        preConditions_.txtPreCondition_KeyDown(KeyCode, Shift);
+    };
+    v.CmdBuildPre.Click = [this] { preConditions_.CmdBuildPre_Click(); };
+    v.lstMigrateSource.ItemClick = [this](int row) { queries_.lstMigrateSource_ItemClick(row); };
+    v.txtMainQuery.GotFocus = [this] { queries_.txtMainQuery_GotFocus(); };
+    v.txtMainQuery.LostFocus = [this] { queries_.SaveMainQuery(); };
+    v.txtMainQuery.KeyDown = [this](auto& KeyCode, auto Shift) { queries_.txtMainQuery_KeyDown(KeyCode, Shift); };
+    v.cmdBuildMQ.Click = [this] { queries_.cmdBuildMQ_Click(); };
+
+    v.CmbDump.Click = [this] { dumpView_.CmbDump_Click(); };
+    v.CmbDump.LostFocus = [this] { dumpView_.CmbDump_LostFocus(); };
+    v.Command1.Click = [this] { dumpView_.Command1_Click(); };
+    v.CmdMap.Click = [this] { mapping_.CmdMap_Click(); };
+    v.CmdGuess.Click = [this] { mapping_.CmdGuess_Click(); };
+    v.cmdCopyDump.Click = [this] { copying_.cmdCopyDump_Click(); };
+    v.cmdCopyToAllDumps.Click = [this] { copying_.cmdCopyToAllDumps_Click(); };
+    v.CmdChange.Click = [this] { retargeting_.CmdChange_Click(); };
+
+    v.RulesGrid.Click = [this] { grid_.RulesGrid_Click(); };
+    v.RulesGrid.DblClick = [this] { grid_.RulesGrid_DblClick(); };
+    v.RulesGrid.KeyPress = [this](auto KeyAscii) { grid_.RulesGrid_KeyPress(KeyAscii); };
+    v.RulesGrid.LeaveCell = [this] { grid_.RulesGrid_LeaveCell(); };
+    v.RulesGrid.EnterCell = [this] { grid_.RulesGrid_EnterCell(); };
+    v.RulesGrid.GotFocus = [this] { grid_.RulesGrid_GotFocus(); };
+    v.RulesGrid.Scroll = [this] { grid_.RulesGrid_Scroll(); };
+    v.txtgrdline.LostFocus = [this] { grid_.txtgrdline_LostFocus(); };
+    v.txtgrdline.KeyDown = [this](auto& KeyCode, auto) { grid_.txtgrdline_KeyDown(KeyCode); };
+    v.lstTargetFields.ItemClick = [this](int row) { lists_.lstTargetFields_ItemClick(row); };
+    v.lstTargetFields.ColumnClick = [this](int column) { lists_.lstTargetFields_ColumnClick(column); };
+    v.lstSourceFields.ColumnClick = [this](int column) { lists_.lstSourceFields_ColumnClick(column); };
+    v.lstSourceFields.ItemCheck = [this] { lists_.lstSourceFields_ItemCheck(); };
+    v.lstSourceFields.GotFocus = [this] { lists_.lstSourceFields_GotFocus(); };
+
+    v.CmdPreDoc.Click = [this] { notes_.CmdPreDoc_Click(); };
+    v.CmdMQDoc.Click = [this] { notes_.CmdMQDoc_Click(); };
+    v.CmdDumpText.Click = [this] { notes_.CmdDumpText_Click(); };
+    v.CmdEditRule.Click = [this] { editor_.CmdEditRule_Click(); };
+    v.CmdMqEditor.Click = [this] { editor_.CmdMqEditor_Click(); };
+    v.CmdPreEditor.Click = [this] { editor_.CmdPreEditor_Click(); };
+    v.CmdFuncEditor.Click = [this] { editor_.CmdFuncEditor_Click(); };
+    v.cmdSrcEdit.Click = [this] { editor_.cmdSrcEdit_Click(); };
+    v.CmdFunction.Click = [this] { panels_.CmdFunction_Click(); };
+    v.CmdVariables.Click = [this] { panels_.CmdVariables_Click(); };
+    v.CmdOk.Click = [this] { panels_.CmdOk_Click(); };
+    v.CmdCancel.Click = [this] { panels_.CmdCancel_Click(); };
+    v.CmdFuncBuild.Click = [this] { panels_.CmdFuncBuild_Click(); };
+    v.PicMQResize.Click = [this] { layout_.PicMQResize_Click(); };
+    v.PicPreResize.Click = [this] { layout_.PicPreResize_Click(); };
+}
+
+void ctlRulemesh::MappingObjectXML(TextView StrXml) { AfterLoad(XmlDocument_.loadXML(StrXml)); }
+
+void ctlRulemesh::MappingObjectXML(std::string utf8) { AfterLoad(XmlDocument_.loadXML(std::move(utf8))); }
+
+void ctlRulemesh::AfterLoad(bool loaded)
+{
+    if (!loaded)
+        document_.RecordError(1, u"The Loaded XML was not a Valid XML. Please refresh", 0, u"");
+}
+
+Text ctlRulemesh::MappingObjectXML() { return FromUtf8(MappingObjectXmlUtf8()); }
+
+std::string ctlRulemesh::MappingObjectXmlUtf8()
+{
+    preConditions_.SavePreCondition();
+    queries_.SaveMainQuery();
+    if (views_.CmbDump.HasSelection())
+        dumpView_.SaveDumpRules(PlainNumber(dumpView_.SelectedDump()));
+    pruning_.PruneDocument();
+    std::string StrXml = XmlDocument_.xmlUtf8();
+    LeaveCopyFile(StrXml);
+    return StrXml;
+}
+
+// Nothing in the system reads it: it is there for whoever wants to look at the last text that the host was given. A
+// character that its code page lacks is written as a reference, so that the copy still says the same.
+void ctlRulemesh::LeaveCopyFile(const std::string& StrXml)
+{
+    TextFiles& files = platform_.Files();
+    const Text StrPath = files.Folder() + state_.StrTargetTable + u".xml";
+    if (files.Page() == CodePage::Utf8)
+        files.Write(StrPath, StrXml);
+    else
+        files.Write(StrPath, EncodeWithReferences(files.Page(), FromUtf8(StrXml)));
+}
+
+void ctlRulemesh::TargetTable(TextView StrTable)
+{
+    state_.StrTargetTable = StrTable.substr(0, TableCodeLength);
+    state_.StrTargetTable.resize(TableCodeLength, u' ');
+}
+
+void ctlRulemesh::Edit(bool BoolEdit)
+{
+    state_.BoolEdit = BoolEdit;
+    Shared().BoolEditShared = BoolEdit;
+    LockControls();
+}
+
+void ctlRulemesh::LockControls()
+{
+    if (state_.BoolEdit)
+        return;
+    DesignerViews& v = views_;
+    for (TextBox* box : std::initializer_list<TextBox*>{&v.txtPreCondition, &v.txtMainQuery, &v.txtFunctions,
+                                                        &v.txtVariables, &v.txtgrdline})
+        box->Locked(true);
+    for (Button* button :
+         {&v.CmdEditRule, &v.CmdGuess, &v.CmdMap, &v.CmdOk, &v.CmdSelectSource, &v.cmdBuildMQ, &v.CmdBuildPre,
+          &v.CmdFuncBuild, &v.cmdCopyDump, &v.CmdChange, &v.cmdCopyToAllDumps, &v.cmdSrcEdit})
+        button->Enabled(false);
+}
+
+void ctlRulemesh::ShowControl()
+{
+    sourceTables_.RefreshSourceTables();
+    preConditions_.ShowPreCondition();
+    preConditions_.AnalysePreCondition();
+    queries_.ShowMigrateQuery(state_.StrMigrateTables.front());
+    dumpView_.RefreshTargetList(); // still in the mode of the object shown before
+    LockControls();
+    state_.BoolMultiTarget = store_.CheckMscripts();
+    if (!state_.BoolMultiTarget)
+        views_.CmbTargetTable.Visible(false);
+    views_.lblTargetTable.Visible(true);
+    views_.lblTargetTableDescription.Visible(true);
+    views_.CmdChange.Visible(state_.BoolMultiTarget);
+    if (state_.BoolMultiTarget)
+        FillTargetTableCombo();
+}
+
+void ctlRulemesh::FillTargetTableCombo()
+{
+    views_.CmbTargetTable.Clear();
+    const XmlNode tables = store_.MscriptNode();
+    for (XmlNode table = tables.firstChild(); table; table = table.nextSibling())
+        views_.CmbTargetTable.AddItem(table.baseName());
+}
+
+void ctlRulemesh::Setfocus()
+{
+    if (views_.txtPreCondition.Visible())
+        views_.txtPreCondition.SetFocus();
+}
+
+void ctlRulemesh::Syntax_Highlight(bool BoolHighlight)
+{
+    state_.BoolSyntaxHighlight = BoolHighlight;
+    for (SyntaxBox* box : {&views_.txtPreCondition, &views_.txtMainQuery, &views_.txtVariables, &views_.txtFunctions})
+        box->Highlight(BoolHighlight);
+}
+
+void ctlRulemesh::UserControl_KeyDown(std::int16_t KeyCode, std::int16_t Shift)
+{
+    if (Shift != AltAlone)
+        return;
+    DesignerViews& v = views_;
+    if (KeyCode == u'M' && v.txtPreCondition.Visible() && v.FrmCondition.Enabled())
+        v.txtMainQuery.SetFocus();
+    else if (KeyCode == u'P' && v.txtMainQuery.Visible() && v.FrmCondition.Enabled())
+        v.txtPreCondition.SetFocus();
+    else if (KeyCode == u'Q' && v.txtMainQuery.Visible() && v.FrmCondition.Enabled())
+        v.lstMigrateSource.SetFocus();
+    else if (KeyCode == u'U' && v.FrmRules.Visible() && v.FrmRules.Enabled())
+        v.CmbDump.SetFocus();
+}
+
+// While the external editor runs the box holds the text from before the edit.
+void ctlRulemesh::UserControl_ExitFocus()
+{
+    if (!state_.BoolEditorOpen)
+        queries_.SaveQuery(views_.txtMainQuery.Tag(), views_.txtMainQuery.Text());
+}
+
+} // namespace rulemesh

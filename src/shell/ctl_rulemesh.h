@@ -1,0 +1,142 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "engine/copy_dumps.h"
+#include "engine/mapping.h"
+#include "engine/retarget.h"
+#include "script/prune_document.h"
+#include "shell/editor_bridge.h"
+#include "shell/field_lists.h"
+#include "shell/frm_txt_doc.h"
+#include "shell/tab_flow.h"
+#include "shell/text_notes.h"
+
+namespace rulemesh {
+
+/// The whole designer, seen from outside. A host hands it a mapping object as XML text and its settings, calls
+/// ShowControl, and takes the object back through MappingObjectXML. A property is a pair of members of one name: the
+/// one with an argument sets it, the one without reads it.
+///
+/// TargetTable, MappingObjectXML and Edit must be set before ShowControl. A failure that the control does not handle
+/// comes out of the member that was called, as a Failure.
+class ctlRulemesh {
+public:
+    /// Borrows the platform and the events, which must outlive the control.
+    ctlRulemesh(Platform& platform, ControlEvents& events);
+    ctlRulemesh(const ctlRulemesh&) = delete;
+    ctlRulemesh& operator=(const ctlRulemesh&) = delete;
+
+    /// Loads an object. A text that is not well-formed XML leaves an empty document and is told to nobody. The views
+    /// change at ShowControl.
+    void MappingObjectXML(TextView StrXml);
+    void MappingObjectXML(std::string utf8);
+
+    /// Saves every pending edit, brings the document in line with the scripts, leaves a copy file and returns the whole
+    /// text. May ask the user what a save asks. Raises what a save or the copy file raises.
+    [[nodiscard]] Text MappingObjectXML();
+    [[nodiscard]] std::string MappingObjectXmlUtf8();
+
+    /// The command of the external editor; blank for the platform's own.
+    void Editor(Text StrEditor) { state_.StrEditor = std::move(StrEditor); }
+
+    /// The name of the root element: cut to 8 characters or filled with blanks.
+    void TargetTable(TextView StrTable);
+
+    /// Whether the user may change the object. Setting it true after false unlocks nothing.
+    void Edit(bool BoolEdit);
+
+    void SourceTables(TextView i_SourceTables) { sourceTables_.SourceTables(i_SourceTables); }
+    [[nodiscard]] Text SourceTables() const { return sourceTables_.SourceTables(); }
+
+    void PreCondition(const Text& StrText) { preConditions_.PreCondition(StrText); }
+
+    void MainQuery(const Text& StrText) { queries_.MainQuery(StrText); }
+    [[nodiscard]] Text MainQuery() const { return views_.txtMainQuery.Text(); }
+
+    /// Reads as the number of the grid's current row, in decimal; is written into the grid's current cell.
+    [[nodiscard]] Text FieldMapping() const { return grid_.FieldMapping(); }
+    void FieldMapping(const Text& StrRule) { grid_.FieldMapping(StrRule); }
+
+    /// Fills all views from the document.
+    void ShowControl();
+
+    /// Stores the number of a text that the host keeps: StrType "P" for the precondition, "M" for the query of table
+    /// StrKey1, "D" for the rule of field StrKey2 in dump StrKey1.
+    void SetTextNumber(TextView StrType, std::int32_t LngTextNumber, TextView StrKey1, TextView StrKey2)
+    {
+        notes_.SetTextNumber(StrType, LngTextNumber, StrKey1, StrKey2);
+    }
+
+    /// Gives the focus to the precondition, if that is visible.
+    void Setfocus();
+
+    /// The row of a qualified field name in lstTargetFields (from 1) and in RulesGrid (from 0); -1 for none.
+    [[nodiscard]] std::int32_t GetListItemNumber(const Text& strFieldName) const
+    {
+        return grid_.GetListItemNumber(strFieldName);
+    }
+    [[nodiscard]] std::int32_t GetRowNumber(const Text& i_StrFieldName) const
+    {
+        return grid_.GetRowNumber(i_StrFieldName);
+    }
+
+    /// Opens the edit box on the grid's current cell, as a key of that code does.
+    void GridEdit(std::int16_t KeyAscii) { grid_.GridEdit(KeyAscii); }
+
+    /// Whether the script boxes colour their text.
+    [[nodiscard]] bool Syntax_Highlight() const noexcept { return state_.BoolSyntaxHighlight; }
+    void Syntax_Highlight(bool BoolHighlight);
+
+    /// Whether a list has been given any element.
+    template <typename Element> [[nodiscard]] static bool ArrayIsInitialized(const std::vector<Element>& arr) noexcept
+    {
+        return !arr.empty();
+    }
+
+    /// For front ends: the views, with the entrances of the user, and the size in twips that the host gives.
+    [[nodiscard]] DesignerViews& Views() noexcept { return views_; }
+    void Resize(int width, int height) { layout_.Resize(width, height); }
+
+    /// For looking in: nothing is saved, pruned or asked by these.
+    [[nodiscard]] const ControlState& State() const noexcept { return state_; }
+    [[nodiscard]] std::string DocumentAsItStands() const { return XmlDocument_.xmlUtf8(); }
+
+private:
+    void UserControl_Initialize();
+    void WireHandlers();
+    void UserControl_KeyDown(std::int16_t KeyCode, std::int16_t Shift);
+    void UserControl_ExitFocus();
+    void LockControls();
+    void FillTargetTableCombo();
+    void AfterLoad(bool loaded);
+    void LeaveCopyFile(const std::string& StrXml);
+
+    ControlState state_;
+    XmlDocument XmlDocument_;
+    DesignerViews views_;
+    Platform& platform_;
+    DocumentAccess document_;
+    ScriptScanner scanner_;
+    SourceTableList sourceTables_;
+    MainQueries queries_;
+    PreConditions preConditions_;
+    DocumentPruning pruning_;
+    DumpStore store_;
+    DumpView dumpView_;
+    RuleMapping mapping_;
+    DumpCopying copying_;
+    FormTargetChooser chooser_;
+    DumpRetargeting retargeting_;
+    TextNotes notes_;
+    RulesGridEditing grid_;
+    FieldLists lists_;
+    EditorBridge editor_;
+    TextPanels panels_;
+    Layout layout_;
+    TabFlow tabs_;
+};
+
+} // namespace rulemesh

@@ -1,0 +1,94 @@
+#include "shell/tab_flow.h"
+
+#include "base/numbers.h"
+
+namespace rulemesh {
+
+void TabFlow::MainTab_Click(std::int16_t PreviousTab)
+{
+    platform_.RunPendingEvents();
+    if (PreviousTab != 0)
+        ShowScripts(PreviousTab);
+    else
+        ShowRules();
+}
+
+void TabFlow::ShowScripts(std::int16_t PreviousTab)
+{
+    views_.FrmRules.Enabled(false);
+    views_.FrmCondition.Enabled(true);
+    views_.LBLTargetTableName.Enabled(true);
+    if (PreviousTab == 1)
+        dumpView_.SaveDumpRules(views_.CmbDump.Tag());
+    layout_.UserControl_Resize();
+}
+
+// Turning back to the first tab runs MainTab_Click nested; only the lack of any dump ends the flow.
+void TabFlow::ShowRules()
+{
+    views_.FrmRules.Enabled(true);
+    views_.FrmCondition.Enabled(false);
+    preConditions_.SavePreCondition();
+    if (!views_.MainTab.TabEnabled(1))
+        views_.MainTab.Tab(0);
+    queries_.SaveMainQuery();
+    if (state_.IntDumpNumbers.front() < 1) {
+        views_.MainTab.Tab(0);
+        platform_.ShowMessage({.Text = u"Define Dumps", .Title = u"Mapping Object", .Icon = MessageIcon::Critical});
+        return;
+    }
+    Text StrDump = views_.CmbDump.HasSelection() ? PlainNumber(views_.CmbDump.ItemData()) : u"0";
+    FillDumpList();
+    if (state_.BoolMultiTarget)
+        ChooseMissingTargets(StrDump);
+    if (!IsInDumpList(state_.IntDumpNumbers, ToInt16(StrDump)))
+        StrDump = TwoDigitNumber(state_.IntDumpNumbers.front());
+    SelectDump(StrDump);
+    dumpView_.ShowDump(ToInt16(StrDump));
+    views_.CmbDump.SetFocus();
+    layout_.UserControl_Resize();
+}
+
+void TabFlow::FillDumpList()
+{
+    views_.CmbDump.Clear();
+    if (IsEmptyList(state_.IntDumpNumbers))
+        return;
+    for (std::size_t index = 0; index < state_.IntDumpNumbers.size(); ++index) {
+        const std::int16_t IntDump = state_.IntDumpNumbers[index];
+        views_.CmbDump.AddItem(TwoDigitNumber(IntDump) + u"--" + state_.StrDumpTexts[index], IntDump);
+    }
+}
+
+// The attribute is read as it stands: GetDumpTargetTable would write the default into it. Cancel means the first
+// table, so no dump is left without one.
+void TabFlow::ChooseMissingTargets(Text& StrDump)
+{
+    for (std::size_t index = 0; index < views_.CmbDump.Entries().size(); ++index) {
+        const auto IntDump = static_cast<std::int16_t>(views_.CmbDump.Entries()[index].Data);
+        const XmlNode dump = document_.GetDumpNode(IntDump);
+        if (!GetAttribute(dump, u"TT").empty())
+            continue;
+        const std::vector<ComboBox::Entry>& tables = views_.CmbTargetTable.Entries();
+        const Text StrTable = retargeting_.ChooseTarget(IntDump, tables.empty() ? Text() : tables.front().Text);
+        SetAttribute(dump, u"TT", StrTable);
+        retargeting_.AppendDefaultRule(dump, StrTable);
+        if (views_.CmbDump.HasSelection())
+            StrDump = PlainNumber(views_.CmbDump.ItemData());
+    }
+}
+
+void TabFlow::SelectDump(const Text& StrDump)
+{
+    const std::int16_t IntDump = ToInt16(StrDump);
+    const std::vector<ComboBox::Entry>& entries = views_.CmbDump.Entries();
+    for (std::size_t index = 0; index < entries.size(); ++index) {
+        if (entries[index].Data == IntDump) {
+            views_.CmbDump.ListIndex(static_cast<int>(index));
+            views_.CmbDump.Tag(TwoDigitNumber(IntDump));
+            return;
+        }
+    }
+}
+
+} // namespace rulemesh

@@ -1,0 +1,104 @@
+#include "shell/text_notes.h"
+
+#include "base/case_map.h"
+#include "base/numbers.h"
+#include "document/names.h"
+#include "shell/frm_txt_doc.h"
+
+namespace rulemesh {
+
+namespace {
+
+constexpr TextView FieldTemplate = u"Field Mapping:\n\n\n\n\n\n\nTechnical Notes:";
+
+} // namespace
+
+// The attribute is written however the form was closed: after Cancel it receives the decoded note.
+void TextNotes::EditNote(XmlNode element, const Text& StrCaption)
+{
+    Shared().BoolTextMode = true;
+    FrmTxtDoc form(platform_);
+    Shared().StrDocText = DecodeEntities(GetAttribute(element, u"TEXT"));
+    form.TxtDoc.Text(Shared().StrDocText);
+    form.BoolTextChanged = false;
+    form.Caption(StrCaption);
+    platform_.ShowModal(form);
+    SetAttribute(element, u"TEXT", Shared().StrDocText);
+}
+
+void TextNotes::CmdPreDoc_Click()
+{
+    const XmlNode precondition = document_.GetNode(document_.RootPath(u"PREC"));
+    if (!precondition)
+        return;
+    EditNote(precondition, u"Precondition Text");
+    views_.txtPreCondition.SetFocus();
+}
+
+void TextNotes::CmdMQDoc_Click()
+{
+    const Text& StrTable = views_.txtMainQuery.Tag();
+    if (TrimBlanks(StrTable).empty())
+        return;
+    const XmlNode query = document_.GetNode(document_.RootPath(u"QUERY"), u"ST", StrTable);
+    if (query)
+        EditNote(query, u"Text for Migrate:" + state_.StrTargetTable);
+}
+
+void TextNotes::CmdDumpText_Click()
+{
+    if (views_.CmbDump.Text().empty())
+        return;
+    const XmlNode dump = document_.GetDumpNode(ToInt16(views_.CmbDump.Tag()));
+    if (!dump)
+        return;
+    Shared().BoolTextMode = true;
+    const Text StrField = FieldNodeName(FieldPart(views_.RulesGrid.TextMatrix(views_.RulesGrid.Row(), 0)));
+    if (StrField.empty())
+        return;
+    const XmlNode rule = dump.selectSingleNode(ToUpper(StrField));
+    if (!rule) {
+        platform_.ShowMessage(
+            {.Text = u"You Can Maintain Text, only to fields having a rule ", .Icon = MessageIcon::Notice});
+        return;
+    }
+    const Text StrStored = GetAttribute(rule, u"TEXT");
+    FrmTxtDoc form(platform_);
+    // A template that nobody touched is compared in its line-feed form, which the box does not keep: OK stores it,
+    // Cancel leaves the note empty, and closing the form from its frame counts it as a change.
+    const Text StrNote = StrStored.empty() ? Text(FieldTemplate) : StrStored;
+    Shared().StrDocText = StrStored.empty() ? StrNote : DecodeEntities(StrNote);
+    form.TxtDoc.Text(DecodeEntities(StrNote));
+    form.BoolTextChanged = StrStored.empty();
+    form.Caption(u"Text For Field : '" + StrField + u"'   Dump:" + PlainNumber(views_.CmbDump.ItemData()));
+    platform_.ShowModal(form);
+    if (Shared().StrDocText == FieldTemplate)
+        Shared().StrDocText.clear();
+    SetAttribute(rule, u"TEXT", Shared().StrDocText);
+}
+
+void TextNotes::SetTextNumber(TextView StrType, std::int32_t LngTextNumber, TextView StrKey1, TextView StrKey2)
+{
+    const Text StrNumber = PlainNumber(LngTextNumber);
+    if (StrType == u"P")
+        SetAttribute(document_.GetNode(document_.RootPath(u"PREC")), u"TEXT", StrNumber);
+    else if (StrType == u"M" && !TrimBlanks(StrKey1).empty())
+        SetAttribute(document_.GetNode(document_.RootPath(u"QUERY"), u"ST", StrKey1), u"TEXT", StrNumber);
+    else if (StrType == u"D" && IsNumeric(StrKey1))
+        SetRuleNumber(ToInt16(StrKey1), StrKey2, StrNumber);
+}
+
+void TextNotes::SetRuleNumber(std::int16_t IntDump, TextView StrField, const Text& StrNumber)
+{
+    const XmlNode dump = document_.GetDumpNode(IntDump);
+    if (!dump)
+        return;
+    const Text StrName = ToUpper(FieldNodeName(StrField));
+    const XmlNode rule = dump.selectSingleNode(StrName);
+    if (rule)
+        SetAttribute(rule, u"TEXT", StrNumber);
+    else
+        AppendChild(document_.Document(), dump, StrName, u"TEXT", StrNumber);
+}
+
+} // namespace rulemesh

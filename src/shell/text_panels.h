@@ -1,0 +1,39 @@
+#pragma once
+
+#include "script/control_events.h"
+#include "shell/rules_grid.h"
+
+namespace rulemesh {
+
+/// The two panels that take the place of the scripts: the functions and the variables of the object. A panel's text is
+/// stored by OK alone. Also shows and hides the views of the two scripts as groups.
+class TextPanels {
+public:
+    TextPanels(DocumentAccess& document, ControlState& state, DesignerViews& views, ControlEvents& events)
+        : document_(document), state_(state), views_(views), events_(events)
+    {
+    }
+
+    void ShowMainQueryView(bool BoolVisible);
+    void ShowPreconditionView(bool BoolVisible);
+
+    void CmdFunction_Click();
+    void CmdVariables_Click();
+    void CmdOk_Click();
+    void CmdCancel_Click();
+
+    /// Hands the rule of the current row to the host's function builder.
+    void CmdFuncBuild_Click();
+
+private:
+    void ShowPanelButtons(bool BoolVisible);
+    void CloseTextPanel(bool BoolShowViews, bool BoolSave);
+    void OpenPanel(SyntaxBox& box, const Text& StrText, const Text& StrCaption);
+
+    DocumentAccess& document_;
+    ControlState& state_;
+    DesignerViews& views_;
+    ControlEvents& events_;
+};
+
+} // namespace rulemesh
