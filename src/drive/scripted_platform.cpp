@@ -1,0 +1,222 @@
+#include "drive/scripted_platform.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "base/failure.h"
+#include "views/button.h"
+#include "views/combo_box.h"
+#include "views/text_box.h"
+
+namespace rulemesh {
+
+namespace {
+
+constexpr std::array<std::pair<MessageButton, const char*>, 4> Buttons = {{{MessageButton::Ok, "OK"},
+                                                                           {MessageButton::Cancel, "Cancel"},
+                                                                           {MessageButton::Yes, "Yes"},
+                                                                           {MessageButton::No, "No"}}};
+
+const char* NameOf(MessageButton button)
+{
+    return std::find_if(Buttons.begin(), Buttons.end(), [&](const auto& pair) { return pair.first == button; })->second;
+}
+
+const char* NameOf(MessageIcon icon)
+{
+    switch (icon) {
+    case MessageIcon::Critical:
+        return "critical";
+    case MessageIcon::Exclamation:
+        return "exclamation";
+    case MessageIcon::Question:
+        return "question";
+    case MessageIcon::Notice:
+        return "notice";
+    case MessageIcon::None:
+        break;
+    }
+    return "none";
+}
+
+// What a program that knows only the code page saves of a text.
+std::string Saved(const TextFiles& files, Text text)
+{
+    for (char16_t& unit : text) {
+        if (!CanEncode(files.Page(), TextView(&unit, 1)))
+            unit = u'?';
+    }
+    return Encode(files.Page(), text);
+}
+
+// The view of a form that a step names, if the step can be taken there.
+template <typename Kind> Kind* Reachable(ModalForm& form, const Json& step)
+{
+    auto* view = dynamic_cast<Kind*>(form.Tree.Find(TextOf(step.value("view", Json("")))));
+    return view != nullptr && view->CanBeReached() ? view : nullptr;
+}
+
+void TakeStep(ModalForm& form, const Json& step)
+{
+    const Json verb = step.value("do", Json());
+    if (verb == "type") {
+        if (auto* box = Reachable<TextBox>(form, step))
+            box->UserTypes(TextOf(step.at("text")));
+    } else if (verb == "choose") {
+        auto* combo = Reachable<ComboBox>(form, step);
+        const auto index = step.at("index").get<std::int64_t>();
+        if (combo != nullptr && index >= 0 && index < static_cast<std::int64_t>(combo->Entries().size()))
+            combo->UserChooses(static_cast<int>(index));
+    } else if (verb == "click") {
+        if (auto* button = Reachable<Button>(form, step))
+            button->UserClicks();
+    } else if (verb == "close") {
+        form.UserCloses();
+    }
+}
+
+Json Described(const ModalForm& form)
+{
+    const auto& box = dynamic_cast<const TextBox&>(*form.Tree.Find(u"TxtDoc"));
+    const auto& combo = dynamic_cast<const ComboBox&>(*form.Tree.Find(u"CmbTargetTable"));
+    Json entry = {{"mode", box.Visible() ? "note" : "chooser"}, {"caption", JsonOf(form.Caption())}};
+    if (box.Visible()) {
+        entry["text"] = JsonOf(box.Text());
+        entry["locked"] = box.Locked();
+        entry["ok_enabled"] = form.Tree.Find(u"CmdOk")->Enabled();
+    } else {
+        Json entries = Json::array();
+        for (const ComboBox::Entry& table : combo.Entries())
+            entries.push_back(JsonOf(table.Text));
+        entry["entries"] = std::move(entries);
+        entry["index"] = combo.ListIndex();
+    }
+    return entry;
+}
+
+} // namespace
+
+void ReportedFiles::Write(TextView StrPath, std::string_view bytes)
+{
+    MemoryFiles::Write(StrPath, bytes);
+    report_(Text(StrPath.substr(Folder().size())), Decode(Page(), bytes));
+}
+
+void ScriptedPlatform::LayReady(const std::string& kind, const Json& reply)
+{
+    if (kind == "file")
+        files_.FailNext();
+    else if (kind == "event")
+        replies_["event " + reply.at("name").get<std::string>()].push_back(reply.at("let"));
+    else
+        replies_[kind].push_back(reply);
+}
+
+Json ScriptedPlatform::NextReply(const std::string& kind)
+{
+    std::deque<Json>& queue = replies_[kind];
+    if (queue.empty())
+        return nullptr;
+    Json reply = std::move(queue.front());
+    queue.pop_front();
+    return reply;
+}
+
+MessageButton ScriptedPlatform::ShowMessage(const Message& message)
+{
+    MessageButton answer = message.Buttons.front();
+    if (message.Buttons.size() > 1) {
+        const Json reply = NextReply("message");
+        for (const MessageButton button : message.Buttons) {
+            if (reply.is_object() && reply.at("button") == NameOf(button))
+                answer = button;
+        }
+    }
+    Json buttons = Json::array();
+    for (const MessageButton button : message.Buttons)
+        buttons.push_back(NameOf(button));
+    Report("message", {{"text", JsonOf(message.Text)},
+                       {"title", JsonOf(message.Title)},
+                       {"buttons", std::move(buttons)},
+                       {"icon", NameOf(message.Icon)},
+                       {"answer", NameOf(answer)}});
+    return answer;
+}
+
+std::optional<Text> ScriptedPlatform::AskForText(const Text& StrPrompt, const Text& StrTitle)
+{
+    const Json reply = NextReply("input");
+    std::optional<Text> answer;
+    if (reply.is_object() && reply.at("text").is_string())
+        answer = TextOf(reply.at("text"));
+    Report("input",
+           {{"prompt", JsonOf(StrPrompt)}, {"title", JsonOf(StrTitle)}, {"answer", JsonOf(answer.value_or(Text()))}});
+    return answer;
+}
+
+void ScriptedPlatform::ShowModal(ModalForm& form)
+{
+    Report("form", Described(form));
+    const Json reply = NextReply("form");
+    const Json steps = reply.is_object() ? reply.at("steps") : Json::array();
+    for (auto step = steps.begin(); step != steps.end() && form.IsOpen(); ++step)
+        TakeStep(form, *step);
+    if (form.IsOpen())
+        dynamic_cast<Button&>(*form.Tree.Find(u"CmdCancel")).UserClicks();
+}
+
+int ScriptedPlatform::RunEditor(const Text& StrEditor, const Text& StrPath)
+{
+    Report("editor", {{"command", JsonOf(StrEditor + StrPath)}});
+    const Json reply = NextReply("editor");
+    if (!reply.is_object())
+        return 0;
+    if (reply.value("fail", false))
+        throw Failure(FailureCode::FileNotFound);
+    if (reply.contains("text"))
+        files_.Put(StrPath, Saved(files_, TextOf(reply.at("text"))));
+    return reply.value("status", 0);
+}
+
+void ScriptedPlatform::RaiseEvent(const std::string& name, Json args)
+{
+    Report("event", {{"name", name}, {"args", std::move(args)}});
+    const Json property = NextReply("event " + name);
+    if (property.is_object())
+        let_(property);
+}
+
+void ScriptedPlatform::ShowSourceTablesPopUp(const Text& i_SourceTables)
+{
+    RaiseEvent("ShowSourceTablesPopUp", {{"i_SourceTables", JsonOf(i_SourceTables)}});
+}
+
+void ScriptedPlatform::ShowConditionBuilderPopUp(const Text& i_ConditionString, const Text& i_SourceTables)
+{
+    RaiseEvent("ShowConditionBuilderPopUp",
+               {{"i_ConditionString", JsonOf(i_ConditionString)}, {"i_SourceTables", JsonOf(i_SourceTables)}});
+}
+
+void ScriptedPlatform::ShowQueryBuilderPopUp(const Text& i_QueryString, const Text& i_SourceTables)
+{
+    RaiseEvent("ShowQueryBuilderPopUp",
+               {{"i_QueryString", JsonOf(i_QueryString)}, {"i_SourceTables", JsonOf(i_SourceTables)}});
+}
+
+void ScriptedPlatform::ShowFunctionBuilderPopUp(const Text& StrCondition, const Text& StrSourceTables)
+{
+    RaiseEvent("ShowFunctionBuilderPopUp",
+               {{"StrCondition", JsonOf(StrCondition)}, {"StrSourceTables", JsonOf(StrSourceTables)}});
+}
+
+void ScriptedPlatform::ShowFunctionalTextPopUp(const Text& DocType, std::int32_t LngTextNumber, const Text& StrKey1,
+                                               const Text& StrKey2)
+{
+    RaiseEvent("ShowFunctionalTextPopUp", {{"DocType", JsonOf(DocType)},
+                                           {"LngTextNumber", LngTextNumber},
+                                           {"StrKey1", JsonOf(StrKey1)},
+                                           {"StrKey2", JsonOf(StrKey2)}});
+}
+
+} // namespace rulemesh

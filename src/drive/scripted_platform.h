@@ -1,0 +1,71 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <string>
+
+#include "drive/json_text.h"
+#include "platform/memory_files.h"
+#include "platform/platform.h"
+#include "script/control_events.h"
+
+namespace rulemesh {
+
+/// The temporary files in memory; each text that the control writes is reported.
+class ReportedFiles : public MemoryFiles {
+public:
+    explicit ReportedFiles(std::function<void(const Text& StrFile, const Text& StrText)> report)
+        : report_(std::move(report))
+    {
+    }
+
+    void Write(TextView StrPath, std::string_view bytes) override;
+
+private:
+    std::function<void(const Text& StrFile, const Text& StrText)> report_;
+};
+
+/// The desktop and the host of a control that has neither: questions are answered from replies laid ready, and all that
+/// reaches the host or the user is kept in a list. Replies are objects as the requests bring them.
+class ScriptedPlatform : public Platform, public ControlEvents {
+public:
+    /// `let` sets a property of the control by its name, as a host does.
+    explicit ScriptedPlatform(std::function<void(const Json& property)> let) : let_(std::move(let)) {}
+
+    /// What happened since the last call, in order.
+    [[nodiscard]] Json TakeHappened() { return std::exchange(happened_, Json::array()); }
+
+    void LayReady(const std::string& kind, const Json& reply);
+
+    MessageButton ShowMessage(const Message& message) override;
+    std::optional<Text> AskForText(const Text& StrPrompt, const Text& StrTitle) override;
+    void ShowModal(ModalForm& form) override;
+    int RunEditor(const Text& StrEditor, const Text& StrPath) override;
+    [[nodiscard]] Text FallbackEditor() const override { return u"notepad "; }
+    [[nodiscard]] TextFiles& Files() override { return files_; }
+    void RunPendingEvents() override {}
+
+    void ShowSourceTablesPopUp(const Text& i_SourceTables) override;
+    void ShowConditionBuilderPopUp(const Text& i_ConditionString, const Text& i_SourceTables) override;
+    void ShowQueryBuilderPopUp(const Text& i_QueryString, const Text& i_SourceTables) override;
+    void ShowFunctionBuilderPopUp(const Text& StrCondition, const Text& StrSourceTables) override;
+    void ShowFunctionalTextPopUp(const Text& DocType, std::int32_t LngTextNumber, const Text& StrKey1,
+                                 const Text& StrKey2) override;
+    void SaveDoneDisabled() override { RaiseEvent("SaveDoneDisabled", Json::object()); }
+    void SaveDoneEnabled() override { RaiseEvent("SaveDoneEnabled", Json::object()); }
+
+private:
+    void Report(const char* kind, Json entry) { happened_.push_back({{kind, std::move(entry)}}); }
+    [[nodiscard]] Json NextReply(const std::string& kind);
+    void RaiseEvent(const std::string& name, Json args);
+
+    std::function<void(const Json& property)> let_;
+    Json happened_ = Json::array();
+    std::map<std::string, std::deque<Json>> replies_; // by kind of question; those to events by "event " and the name
+    ReportedFiles files_{[this](const Text& StrFile, const Text& StrText) {
+        Report("wrote", {{"file", JsonOf(StrFile)}, {"text", JsonOf(StrText)}});
+    }};
+};
+
+} // namespace rulemesh

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+namespace rulemesh {
+
+/// One designer without a window: takes requests as lines of JSON and is both its host and its user.
+class Session {
+public:
+    Session();
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    /// Does the request that stands on the line and returns the answer, a line without its line end.
+    [[nodiscard]] std::string Answer(const std::string& line);
+
+private:
+    class Desk;
+    std::unique_ptr<Desk> desk_;
+};
+
+} // namespace rulemesh
