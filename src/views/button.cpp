@@ -20,7 +20,7 @@ void Button::UserClicks()
         {
             const View* button = std::exchange(tree_.clicked_, outer_);
             if (tree_.focused_ == button && !button->CanBeReached())
-                tree_.focused_ = nullptr; // a button has no lost-focus handler to run
+                tree_.GiveFocusTo(nullptr); // a button has no lost-focus handler to run
         }
 
     private:

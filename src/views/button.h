@@ -13,7 +13,11 @@ public:
     }
 
     [[nodiscard]] const Text& Caption() const noexcept { return caption_; }
-    void Caption(Text caption) { caption_ = std::move(caption); }
+    void Caption(Text caption)
+    {
+        caption_ = std::move(caption);
+        Changed();
+    }
 
 private:
     Text caption_;
@@ -48,7 +52,11 @@ public:
     PictureButton(ViewTree& tree, const ViewDesign& design) : View(tree, ViewKind::Picture, design) {}
 
     [[nodiscard]] Picture Image() const noexcept { return image_; }
-    void Image(Picture image) noexcept { image_ = image; }
+    void Image(Picture image)
+    {
+        image_ = image;
+        Changed();
+    }
 
     void UserClicks() { Run(Click); }
 

@@ -5,10 +5,17 @@
 
 namespace rulemesh {
 
-void ComboBox::Clear() noexcept
+void ComboBox::Clear()
 {
     entries_.clear();
     index_ = None;
+    Changed();
+}
+
+void ComboBox::AddItem(rulemesh::Text text, std::int32_t data)
+{
+    entries_.push_back({std::move(text), data});
+    Changed();
 }
 
 void ComboBox::ListIndex(int index)
@@ -18,6 +25,7 @@ void ComboBox::ListIndex(int index)
     if (index == index_)
         return;
     index_ = index;
+    Changed();
     if (HasSelection())
         Run(Click);
 }
@@ -34,6 +42,7 @@ void ComboBox::UserChooses(int index)
     if (!Tree().MoveFocus(*this) || index >= static_cast<int>(entries_.size()))
         return;
     index_ = index;
+    Changed();
     Run(Click);
 }
 

@@ -22,8 +22,8 @@ public:
     [[nodiscard]] const std::vector<Entry>& Entries() const noexcept { return entries_; }
 
     /// Leaves no selection and runs nothing.
-    void Clear() noexcept;
-    void AddItem(rulemesh::Text text, std::int32_t data = 0) { entries_.push_back({std::move(text), data}); }
+    void Clear();
+    void AddItem(rulemesh::Text text, std::int32_t data = 0);
 
     [[nodiscard]] int ListIndex() const noexcept { return index_; }
     [[nodiscard]] bool HasSelection() const noexcept { return index_ != None; }

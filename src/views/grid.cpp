@@ -10,11 +10,18 @@ namespace rulemesh {
 
 bool Grid::Has(int row, int col) const noexcept { return row >= 0 && row < Rows() && col >= 0 && col < ColumnCount; }
 
-void Grid::ClearRows() noexcept
+void Grid::ClearRows()
 {
     rows_.clear();
     row_ = 0;
     topRow_ = 0;
+    Changed();
+}
+
+void Grid::AddItem(Cells cells)
+{
+    rows_.push_back(std::move(cells));
+    Changed();
 }
 
 void Grid::MakeCurrent(int row, int col)
@@ -24,6 +31,7 @@ void Grid::MakeCurrent(int row, int col)
     Run(LeaveCell);
     row_ = row;
     col_ = col;
+    Changed();
     Run(EnterCell);
 }
 
@@ -55,6 +63,7 @@ void Grid::TextMatrix(int row, int col, rulemesh::Text text)
     if (!Has(row, col))
         throw Failure(FailureCode::InvalidPropertyArrayIndex);
     rows_[static_cast<std::size_t>(row)][static_cast<std::size_t>(col)] = std::move(text);
+    Changed();
 }
 
 int Grid::TopRowFor(int row) const noexcept { return std::clamp(row, 0, std::max(Rows() - 1, 0)); }
@@ -64,6 +73,7 @@ void Grid::TopRow(int row)
     if (row < 0)
         throw Failure(FailureCode::InvalidPropertyValue);
     topRow_ = TopRowFor(row);
+    Changed();
 }
 
 bool Grid::RowIsVisible(int row) const noexcept
@@ -76,6 +86,7 @@ void Grid::ColWidth(int col, int width)
     if (width < 0)
         throw Failure(FailureCode::InvalidPropertyValue);
     widths_.at(static_cast<std::size_t>(col)) = width;
+    Changed();
 }
 
 Placement Grid::CurrentCell() const noexcept
@@ -108,6 +119,7 @@ void Grid::UserScrolls(int top)
     if (row == topRow_)
         return;
     topRow_ = row;
+    Changed();
     Run(Scroll);
 }
 

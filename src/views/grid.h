@@ -25,8 +25,8 @@ public:
     [[nodiscard]] int Rows() const noexcept { return static_cast<int>(rows_.size()); }
 
     /// Takes all rows out, makes row 0 current and puts it on top; runs nothing.
-    void ClearRows() noexcept;
-    void AddItem(Cells cells) { rows_.push_back(std::move(cells)); }
+    void ClearRows();
+    void AddItem(Cells cells);
 
     /// The current cell. Making another cell current runs the leave handler on the old one and then the enter handler
     /// on the new one. Raise InvalidPropertyValue outside the grid.

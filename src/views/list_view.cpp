@@ -25,6 +25,7 @@ void ListView::ColumnWidth(int column, int width)
     if (width < 0)
         throw Failure(FailureCode::InvalidPropertyValue);
     design_.Columns.at(static_cast<std::size_t>(column) - 1).Width = width;
+    Changed();
 }
 
 void ListView::Sort() const
@@ -55,17 +56,24 @@ const ListView::Row& ListView::At(int row) const { return rows_[IndexOf(row)]; }
 
 Text ListView::TextAt(int row, int position) const { return Text(At(row).TextAt(position)); }
 
-void ListView::Clear() noexcept
+void ListView::RowsChanged()
+{
+    sortingHolds_ = false;
+    ++rowChanges_;
+    Changed();
+}
+
+void ListView::Clear()
 {
     rows_.clear();
-    sortingHolds_ = false;
-    scrolledTo_ = 0;
+    scrollRequest_ = 0;
+    RowsChanged();
 }
 
 void ListView::Add(std::vector<Text> texts)
 {
     rows_.push_back({.Texts = std::move(texts)});
-    sortingHolds_ = false;
+    RowsChanged();
 }
 
 void ListView::Insert(int row, std::vector<Text> texts)
@@ -73,14 +81,14 @@ void ListView::Insert(int row, std::vector<Text> texts)
     if (row < 1 || row > Count() + 1)
         throw Failure(FailureCode::IndexOutOfBounds);
     rows_.insert(rows_.begin() + (row - 1), {.Texts = std::move(texts)});
-    sortingHolds_ = false;
+    RowsChanged();
 }
 
 void ListView::Remove(int row)
 {
     rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(IndexOf(row)));
-    sortingHolds_ = false;
-    scrolledTo_ = 0;
+    scrollRequest_ = 0;
+    RowsChanged();
 }
 
 int ListView::SelectedRow() const
@@ -97,6 +105,7 @@ void ListView::SelectOnly(std::size_t index)
     for (Row& row : rows_)
         row.Selected = false;
     rows_[index].Selected = true;
+    Changed();
 }
 
 void ListView::Select(int row, bool selected)
@@ -106,32 +115,38 @@ void ListView::Select(int row, bool selected)
         SelectOnly(index);
     else
         rows_[index].Selected = selected;
+    Changed();
 }
 
-void ListView::Check(int row, bool checked) { rows_[IndexOf(row)].Checked = checked; }
+void ListView::Check(int row, bool checked)
+{
+    rows_[IndexOf(row)].Checked = checked;
+    Changed();
+}
 
 void ListView::EnsureVisible(int row)
 {
     static_cast<void>(IndexOf(row));
-    scrolledTo_ = row;
+    scrollRequest_ = row;
+    Changed();
 }
 
-void ListView::Sorted(bool sorted) noexcept
+void ListView::Sorted(bool sorted)
 {
     design_.Sorted = sorted;
-    sortingHolds_ = false;
+    RowsChanged();
 }
 
-void ListView::SortKey(int position) noexcept
+void ListView::SortKey(int position)
 {
     design_.SortKey = position;
-    sortingHolds_ = false;
+    RowsChanged();
 }
 
-void ListView::SortOrder(Order order) noexcept
+void ListView::SortOrder(Order order)
 {
     order_ = order;
-    sortingHolds_ = false;
+    RowsChanged();
 }
 
 void ListView::BeforeGotFocus()

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <utility>
 #include <vector>
 
 #include "views/view.h"
@@ -58,7 +59,7 @@ public:
 
     [[nodiscard]] Text TextAt(int row, int position) const;
 
-    void Clear() noexcept;
+    void Clear();
     void Add(std::vector<Text> texts);
 
     /// Adds a row so that it becomes the row of that number; for a list that isn't sorted.
@@ -72,16 +73,19 @@ public:
     void Select(int row, bool selected);
     void Check(int row, bool checked);
 
-    /// Scrolls the row into view; ScrolledTo tells the front end which row was asked for last, 0 for none.
+    /// Scrolls the row into view; the front end takes the row that was asked for last, 0 for none.
     void EnsureVisible(int row);
-    [[nodiscard]] int ScrolledTo() const noexcept { return scrolledTo_; }
+    [[nodiscard]] int TakeScrollRequest() noexcept { return std::exchange(scrollRequest_, 0); }
+
+    /// Counts the changes of the rows' texts and order, so that a front end can tell them from a change of selection.
+    [[nodiscard]] unsigned RowChanges() const noexcept { return rowChanges_; }
 
     [[nodiscard]] bool Sorted() const noexcept { return design_.Sorted; }
     [[nodiscard]] int SortKey() const noexcept { return design_.SortKey; }
     [[nodiscard]] Order SortOrder() const noexcept { return order_; }
-    void Sorted(bool sorted) noexcept;
-    void SortKey(int position) noexcept;
-    void SortOrder(Order order) noexcept;
+    void Sorted(bool sorted);
+    void SortKey(int position);
+    void SortOrder(Order order);
 
     /// The user clicks a row: it alone becomes selected and the click handler is run.
     void UserClicksRow(int row);
@@ -101,13 +105,15 @@ private:
     [[nodiscard]] std::size_t IndexOf(int row) const;
     void SelectOnly(std::size_t index);
     void Sort() const;
+    void RowsChanged();
 
     Design design_;
     Order order_ = Order::Ascending;
     std::vector<Row> rows_;                      // as they were added
     mutable std::vector<std::uint32_t> sorting_; // rows_ indexes in the shown order, while sortingHolds_
     mutable bool sortingHolds_ = false;
-    int scrolledTo_ = 0;
+    int scrollRequest_ = 0;
+    unsigned rowChanges_ = 0;
 };
 
 } // namespace rulemesh

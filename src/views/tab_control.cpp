@@ -11,6 +11,7 @@ void TabControl::Tab(int tab)
     if (tab == tab_)
         return;
     const int previous = std::exchange(tab_, tab);
+    Changed();
     Tree().ReleaseUnreachable();
     Run(Click, static_cast<std::int16_t>(previous));
 }

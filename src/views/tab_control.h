@@ -29,7 +29,11 @@ public:
     void Tab(int tab);
 
     [[nodiscard]] bool TabEnabled(int tab) const { return tabEnabled_.at(static_cast<std::size_t>(tab)); }
-    void TabEnabled(int tab, bool enabled) { tabEnabled_.at(static_cast<std::size_t>(tab)) = enabled; }
+    void TabEnabled(int tab, bool enabled)
+    {
+        tabEnabled_.at(static_cast<std::size_t>(tab)) = enabled;
+        Changed();
+    }
 
     /// Moves the focus here and shows the tab, unless it has been disabled by then.
     void UserClicksTab(int tab);

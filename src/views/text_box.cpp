@@ -11,6 +11,7 @@ void TextBox::Text(rulemesh::Text text)
 {
     text_ = Kept(std::move(text));
     caret_ = 0;
+    Changed();
     Run(Change);
 }
 

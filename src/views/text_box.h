@@ -19,11 +19,19 @@ public:
     void Tag(rulemesh::Text tag) { tag_ = std::move(tag); }
 
     [[nodiscard]] bool Locked() const noexcept { return locked_; }
-    void Locked(bool locked) noexcept { locked_ = locked; }
+    void Locked(bool locked)
+    {
+        locked_ = locked;
+        Changed();
+    }
 
     /// Characters in front of the caret. A position past the end means the end.
     [[nodiscard]] std::size_t SelStart() const noexcept { return caret_; }
-    void SelStart(std::size_t position) noexcept { caret_ = std::min(position, text_.size()); }
+    void SelStart(std::size_t position)
+    {
+        caret_ = std::min(position, text_.size());
+        Changed();
+    }
 
     /// The user replaces the whole text in one change. A locked box keeps its text.
     void UserTypes(rulemesh::Text text);
@@ -50,7 +58,11 @@ public:
     SyntaxBox(ViewTree& tree, const ViewDesign& design) : TextBox(tree, ViewKind::Syntax, design) {}
 
     [[nodiscard]] bool Highlight() const noexcept { return highlight_; }
-    void Highlight(bool highlight) noexcept { highlight_ = highlight; }
+    void Highlight(bool highlight)
+    {
+        highlight_ = highlight;
+        Changed();
+    }
 
 protected:
     [[nodiscard]] rulemesh::Text Kept(rulemesh::Text text) const override;

@@ -1,5 +1,7 @@
 #include "views/view.h"
 
+#include <utility>
+
 #include "base/failure.h"
 #include "views/view_tree.h"
 
@@ -26,18 +28,58 @@ View::View(ViewTree& tree, ViewKind kind, const ViewDesign& design)
 void View::Visible(bool visible)
 {
     visible_ = visible;
+    Changed();
     tree_.ReleaseUnreachable();
 }
 
 void View::Enabled(bool enabled)
 {
     enabled_ = enabled;
+    Changed();
     tree_.ReleaseUnreachable();
 }
 
-void View::Width(int width) { place_.Width = CheckedLength(width); }
+void View::Left(int left)
+{
+    place_.Left = left;
+    Changed();
+}
 
-void View::Height(int height) { place_.Height = CheckedLength(height); }
+void View::Top(int top)
+{
+    place_.Top = top;
+    Changed();
+}
+
+void View::Width(int width)
+{
+    place_.Width = CheckedLength(width);
+    Changed();
+}
+
+void View::Height(int height)
+{
+    place_.Height = CheckedLength(height);
+    Changed();
+}
+
+void View::ToolTip(Text text)
+{
+    toolTip_ = std::move(text);
+    Changed();
+}
+
+void View::Type(const Font& font)
+{
+    font_ = font;
+    Changed();
+}
+
+void View::Changed()
+{
+    if (!std::exchange(changed_, true))
+        tree_.NoteChange(*this);
+}
 
 bool View::ParentsCanBeReached() const noexcept
 {

@@ -76,18 +76,18 @@ public:
     [[nodiscard]] int Height() const noexcept { return place_.Height; }
     [[nodiscard]] int Right() const noexcept { return place_.Left + place_.Width; }
     [[nodiscard]] int Bottom() const noexcept { return place_.Top + place_.Height; }
-    void Left(int left) noexcept { place_.Left = left; }
-    void Top(int top) noexcept { place_.Top = top; }
+    void Left(int left);
+    void Top(int top);
 
     /// Raise InvalidPropertyValue for a negative length.
     void Width(int width);
     void Height(int height);
 
     [[nodiscard]] const Text& ToolTip() const noexcept { return toolTip_; }
-    void ToolTip(Text text) { toolTip_ = std::move(text); }
+    void ToolTip(Text text);
 
     [[nodiscard]] const Font& Type() const noexcept { return font_; }
-    void Type(const Font& font) noexcept { font_ = font; }
+    void Type(const Font& font);
 
     /// Whether the user can get at the view: it and every parent are visible and enabled, and its tab is shown.
     [[nodiscard]] bool CanBeReached() const noexcept;
@@ -106,6 +106,9 @@ public:
 
 protected:
     [[nodiscard]] ViewTree& Tree() const noexcept { return tree_; }
+
+    /// Tells the front end that what the view shows is no longer what it showed; many changes are told once.
+    void Changed();
 
     /// What the platform does by itself when the view gets the focus, before the got-focus handler.
     virtual void BeforeGotFocus() {}
@@ -127,6 +130,7 @@ private:
     bool enabled_ = true;
     Text toolTip_;
     Font font_;
+    bool changed_ = false; // told to the front end, which has not looked yet
 };
 
 /// Runs a slot that may be empty.

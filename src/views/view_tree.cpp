@@ -1,6 +1,7 @@
 #include "views/view_tree.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace rulemesh {
 
@@ -11,9 +12,32 @@ View* ViewTree::Find(TextView name) const noexcept
     return found == views_.end() ? nullptr : *found;
 }
 
+void ViewTree::NoteChange(View& view)
+{
+    changed_.push_back(&view);
+    if (changed_.size() == 1)
+        Run(ViewsChanged);
+}
+
+std::vector<View*> ViewTree::TakeChanged()
+{
+    for (View* view : changed_)
+        view->changed_ = false;
+    return std::exchange(changed_, {});
+}
+
+void ViewTree::GiveFocusTo(View* view)
+{
+    for (View* touched : {focused_, view}) {
+        if (touched != nullptr)
+            touched->Changed();
+    }
+    focused_ = view;
+}
+
 void ViewTree::TakeFocusFrom(View& view)
 {
-    focused_ = nullptr;
+    GiveFocusTo(nullptr);
     Run(view.LostFocus);
 }
 
@@ -29,7 +53,7 @@ bool ViewTree::MoveFocus(View& view)
         if (moves_ != move || !view.CanBeReached())
             return false;
     }
-    focused_ = &view;
+    GiveFocusTo(&view);
     view.BeforeGotFocus();
     Run(view.GotFocus);
     return focused_ == &view;

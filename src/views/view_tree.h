@@ -43,14 +43,23 @@ public:
     KeySlot KeyDown;
     Slot ExitFocus;
 
+    /// Run when a view changes, or the focus moves, for the first time since the front end looked.
+    Slot ViewsChanged;
+
+    /// The views that changed since the last call.
+    [[nodiscard]] std::vector<View*> TakeChanged();
+
 private:
     friend class View;
     friend class Button;
 
     void Add(View& view) { views_.push_back(&view); }
+    void NoteChange(View& view);
+    void GiveFocusTo(View* view);
     void TakeFocusFrom(View& view);
 
     std::vector<View*> views_;
+    std::vector<View*> changed_;
     View* focused_ = nullptr;
     const View* clicked_ = nullptr; // the button whose click is running
     unsigned moves_ = 0;            // counts the moves that reached a view, to tell when another one won
