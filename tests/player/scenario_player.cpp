@@ -1,0 +1,198 @@
+// Plays the scenarios below the given folders and tells which answers are not as expected.
+//
+//   scenario_player [--jobs N] [--results FILE] FOLDER...
+//   scenario_player --answers FOLDER      prints what is answered to one scenario's requests
+//
+// Some values outlive a control, so that every scenario has a process of its own, as it has with the real program.
+
+#include <poll.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <thread>
+#include <vector>
+
+#include "drive/session.h"
+#include "player/scenario.h"
+
+namespace rulemesh::player {
+
+namespace {
+
+// Written by the process of a scenario behind each answer, so that a crash can be told with its request.
+constexpr char Answered = '.';
+
+struct Running {
+    std::filesystem::path folder;
+    pid_t process = 0;
+    int pipe = 0;
+    std::string received;
+};
+
+struct Arguments {
+    std::vector<std::filesystem::path> folders;
+    std::size_t jobs = std::max(1U, std::thread::hardware_concurrency());
+    std::string results;
+    bool printAnswers = false;
+};
+
+void Send(int pipe, std::string_view text)
+{
+    while (!text.empty()) {
+        const ssize_t sent = write(pipe, text.data(), text.size());
+        if (sent <= 0)
+            std::abort();
+        text.remove_prefix(static_cast<std::size_t>(sent));
+    }
+}
+
+std::string PlayFolder(const std::filesystem::path& folder, int progress)
+{
+    try {
+        Session session;
+        return Play(
+            LoadScenario(folder), [&](const std::string& request) { return session.Answer(request); },
+            [&] {
+                Send(progress, {&Answered, 1});
+            });
+    } catch (const std::exception& error) {
+        return std::string("can't be played: ") + error.what();
+    }
+}
+
+Running Start(const std::filesystem::path& folder)
+{
+    int ends[2];
+    if (pipe(ends) != 0)
+        throw std::runtime_error("no pipe");
+    std::cout.flush(); // or both processes would print what waits in it
+    const pid_t process = fork();
+    if (process < 0)
+        throw std::runtime_error("no process");
+    if (process == 0) {
+        close(ends[0]);
+        Send(ends[1], PlayFolder(folder, ends[1]));
+        close(ends[1]);
+        std::exit(0); // not _exit: leaks and coverage are told at a process's regular end
+    }
+    close(ends[1]);
+    return {folder, process, ends[0], {}};
+}
+
+// What the process told, "" if all went well.
+std::string Finish(const Running& running)
+{
+    close(running.pipe);
+    int status = 0;
+    waitpid(running.process, &status, 0);
+    const std::size_t answers = std::min(running.received.find_first_not_of(Answered), running.received.size());
+    if (WIFEXITED(status) && WEXITSTATUS(status) == 0)
+        return running.received.substr(answers);
+    return "the process died " +
+           (WIFSIGNALED(status) ? "of signal " + std::to_string(WTERMSIG(status))
+                                : "with status " + std::to_string(WEXITSTATUS(status))) +
+           " behind " + std::to_string(answers) + " answers";
+}
+
+// Reads what has come; false at the end.
+bool Receive(Running& running)
+{
+    char bytes[4096];
+    const ssize_t count = read(running.pipe, bytes, sizeof bytes);
+    if (count > 0)
+        running.received.append(bytes, static_cast<std::size_t>(count));
+    return count > 0;
+}
+
+// Plays all, some at a time, and returns the number of those that failed.
+std::size_t PlayAll(const std::vector<std::filesystem::path>& folders, std::size_t jobs)
+{
+    std::size_t failed = 0;
+    std::size_t next = 0;
+    std::vector<Running> running;
+    while (next < folders.size() || !running.empty()) {
+        while (running.size() < jobs && next < folders.size())
+            running.push_back(Start(folders[next++]));
+        std::vector<pollfd> ready;
+        for (const Running& one : running)
+            ready.push_back({one.pipe, POLLIN, 0});
+        poll(ready.data(), ready.size(), -1);
+        for (std::size_t at = running.size(); at-- > 0;) {
+            if (ready[at].revents == 0 || Receive(running[at]))
+                continue;
+            if (const std::string told = Finish(running[at]); !told.empty()) {
+                ++failed;
+                std::cout << "FAILED " << running[at].folder.string() << "\n    " << told << '\n';
+            }
+            running.erase(running.begin() + static_cast<std::ptrdiff_t>(at));
+        }
+    }
+    return failed;
+}
+
+int PrintAnswers(const std::filesystem::path& folder)
+{
+    Session session;
+    for (const Line& request : LoadRequests(folder))
+        std::cout << session.Answer(request.text) << '\n';
+    return 0;
+}
+
+Arguments Parsed(const std::vector<std::string>& words)
+{
+    Arguments arguments;
+    for (std::size_t at = 0; at < words.size(); ++at) {
+        const bool hasValue = at + 1 < words.size();
+        if (words[at] == "--answers")
+            arguments.printAnswers = true;
+        else if (words[at] == "--jobs" && hasValue)
+            arguments.jobs = std::max(1UL, std::stoul(words[++at]));
+        else if (words[at] == "--results" && hasValue)
+            arguments.results = words[++at];
+        else
+            arguments.folders.emplace_back(words[at]);
+    }
+    if (arguments.folders.empty())
+        throw std::runtime_error("name a folder with scenarios");
+    return arguments;
+}
+
+int Run(const Arguments& arguments)
+{
+    if (arguments.printAnswers)
+        return PrintAnswers(arguments.folders.front());
+
+    std::vector<std::filesystem::path> scenarios;
+    for (const std::filesystem::path& folder : arguments.folders)
+        for (std::filesystem::path& scenario : FindScenarios(folder))
+            scenarios.push_back(std::move(scenario));
+    const std::size_t failed = PlayAll(scenarios, arguments.jobs);
+    std::cout << scenarios.size() - failed << " scenarios passed, " << failed << " failed\n";
+    // In the form that the other test programs leave behind.
+    if (!arguments.results.empty())
+        std::ofstream(arguments.results) << "<testsuites tests=\"" << scenarios.size() << "\" failures=\"" << failed
+                                         << "\" name=\"scenarios\"/>\n";
+    return failed == 0 && !scenarios.empty() ? 0 : 1;
+}
+
+} // namespace
+
+} // namespace rulemesh::player
+
+int main(int count, char** words)
+{
+    try {
+        return rulemesh::player::Run(rulemesh::player::Parsed({words + 1, words + count}));
+    } catch (const std::exception& error) {
+        std::cerr << "scenario_player: " << error.what() << '\n';
+        return 2;
+    }
+}
