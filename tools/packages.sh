@@ -1,0 +1,26 @@
+# Sourced by the scripts at the root: installs Debian packages that are missing.
+
+# need_packages NAME...   At once, without a call to apt, when all are there.
+need_packages() {
+    local missing=()
+    if ! command -v dpkg-query >/dev/null; then
+        echo "Not a Debian system: make sure that these are installed: $*" >&2
+        return 0
+    fi
+    for package in "$@"; do
+        [[ $(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null) == installed ]] || missing+=("$package")
+    done
+    [[ ${#missing[@]} -eq 0 ]] && return 0
+
+    local as_root=()
+    [[ $(id -u) -eq 0 ]] || as_root=(sudo)
+    local install=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends)
+    echo "Installing ${missing[*]}"
+    # The package lists may be missing or out of date; they are fetched only then.
+    "${install[@]}" "${missing[@]}" >/dev/null 2>&1 && return 0
+    "${as_root[@]}" apt-get update -qq
+    "${install[@]}" "${missing[@]}" >/dev/null
+}
+
+build_packages=(g++ cmake ninja-build ccache nlohmann-json3-dev libcli11-dev)
+test_packages=(libgtest-dev libgmock-dev)
