@@ -36,16 +36,21 @@ TextView NextWord(TextView StrText)
 bool IsKeywordAt(TextView StrText, std::size_t LngPosition, std::size_t LngLength, TextView StrMessage,
                  Platform& platform)
 {
-    const std::size_t behind = LngPosition + LngLength;
-    const bool startsText = LngPosition == 1;
-    const bool whiteInFront = IsWhite(CharacterAt(StrText, LngPosition - 1));
     // Strictly more: a keyword in front of one last character counts as followed by nothing.
-    if (StrText.size() > behind)
-        return IsWhite(CharacterAt(StrText, behind)) && (startsText || whiteInFront);
-    if (startsText || whiteInFront)
+    if (StrText.size() > LngPosition + LngLength)
+        return StandsAlone(StrText, LngPosition, LngLength);
+    const bool startsText = LngPosition == 1;
+    if (startsText || IsWhite(CharacterAt(StrText, LngPosition - 1)))
         platform.ShowMessage(
             {.Text = Text(StrMessage), .Icon = startsText ? MessageIcon::Critical : MessageIcon::Notice});
     return false;
+}
+
+bool StandsAlone(TextView StrText, std::size_t LngPosition, std::size_t LngLength) noexcept
+{
+    const std::size_t behind = LngPosition + LngLength;
+    return StrText.size() > behind && IsWhite(CharacterAt(StrText, behind)) &&
+           (LngPosition == 1 || IsWhite(CharacterAt(StrText, LngPosition - 1)));
 }
 
 bool IsInComment(TextView StrText, std::size_t LngPosition)

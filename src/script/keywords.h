@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "base/text.h"
 #include "platform/platform.h"
 
@@ -7,6 +9,15 @@ namespace rulemesh {
 
 /// The small readers on which both keyword scanners stand. Positions are 1-based; a character read past the end of a
 /// text is a blank; line feed, carriage return, tab and blank are white.
+
+inline constexpr TextView DumpKeyword = u"dump";
+inline constexpr TextView MigrateKeyword = u"migrate";
+
+/// Dump numbers are below this one.
+inline constexpr std::int16_t DumpNumberLimit = 1000;
+
+/// The longest precondition in which migrate statements are found, in characters.
+inline constexpr std::size_t PreconditionLimit = 32767;
 
 /// The longest word that NextWord reads, in characters.
 inline constexpr std::size_t WordLimit = 32767;
@@ -19,6 +30,9 @@ inline constexpr std::size_t WordLimit = 32767;
 /// white character behind it. With nothing but at most one character behind it, the message complains.
 [[nodiscard]] bool IsKeywordAt(TextView StrText, std::size_t LngPosition, std::size_t LngLength, TextView StrMessage,
                                Platform& platform);
+
+/// The same without a complaint: whether white characters, or the start of the text, stand on both sides of it.
+[[nodiscard]] bool StandsAlone(TextView StrText, std::size_t LngPosition, std::size_t LngLength) noexcept;
 
 /// Whether a bar stands in front of the position on the same line. Only a line feed ends a line.
 [[nodiscard]] bool IsInComment(TextView StrText, std::size_t LngPosition);

@@ -9,15 +9,6 @@
 
 namespace rulemesh {
 
-namespace {
-
-constexpr TextView DumpKeyword = u"dump";
-constexpr TextView MigrateKeyword = u"migrate";
-constexpr std::size_t PreconditionLimit = 32767;
-constexpr std::int16_t DumpNumberLimit = 1000;
-
-} // namespace
-
 // The rest of the script is cut right behind every hit, so the tests of what stands in front of a keyword look back
 // no further than to the previous hit: of two dumps behind one bar only the first is commented out.
 void ScriptScanner::ScanDumpKeywords(TextView StrText, std::vector<std::int16_t>& IntNumbers,

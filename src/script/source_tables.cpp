@@ -78,7 +78,13 @@ void SourceTableList::lstSourceTables_KeyDown(std::int16_t KeyCode)
     if (KeyCode != DeleteKey || selected == 0)
         return;
     list.Remove(selected);
-    SourceTables(JoinRows(list));
+    // Joined from the last row to the first; the refresh writes the text again in the order of the rows.
+    Text StrJoined;
+    for (int row = list.Count(); row >= 1; --row)
+        StrJoined.append(list.TextAt(row, 0)).append(u",");
+    if (!StrJoined.empty())
+        StrJoined.pop_back();
+    SourceTables(StrJoined);
     RefreshSourceTables();
 }
 

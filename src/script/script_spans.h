@@ -1,0 +1,31 @@
+#pragma once
+
+#include <vector>
+
+#include "base/text.h"
+
+namespace rulemesh {
+
+/// A stretch of a script that the scanners see as one thing. Positions are offsets from 0.
+struct ScriptSpan {
+    enum class Kind { Comment, Migrate, Dump };
+
+    std::size_t Position = 0;
+    std::size_t Length = 0;
+    Kind What = Kind::Comment;
+
+    friend bool operator==(const ScriptSpan&, const ScriptSpan&) = default;
+};
+
+/// Which scanners run over a script: migrate statements are looked for in the precondition alone, dump statements in
+/// the precondition, the main queries and the functions.
+struct ScannedFor {
+    bool Migrate = false;
+    bool Dump = false;
+};
+
+/// The statements in force, keyword and word each, and the comments of a script, in order and without overlap. A
+/// statement in force behind a bar shows as a statement, one that the bar takes out of force as part of the comment.
+[[nodiscard]] std::vector<ScriptSpan> ScriptSpans(TextView StrScript, ScannedFor scanned);
+
+} // namespace rulemesh
