@@ -78,8 +78,7 @@ XmlNode DumpStore::AppendRule(XmlNode dump, TextView StrFieldNode, TextView StrR
 
 void DumpStore::WriteRule(XmlNode rule, TextView StrRule)
 {
-    if (rule.text() != StrRule)
-        rule.text(StrRule, CarriageReturns::Kept);
+    rule.text(StrRule, CarriageReturns::Kept);
     SetAttribute(rule, u"TYPE", StrRule.find(LineEnd) == TextView::npos ? u"0" : u"1");
 }
 
