@@ -1,8 +1,5 @@
 #include "document/xml_attribute_names.h"
 
-#include <algorithm>
-#include <bit>
-#include <cstring>
 #include <functional>
 
 #include "document/xml_characters.h"
@@ -10,28 +7,6 @@
 namespace rulemesh::xml {
 
 namespace {
-
-// Equal names have equal keys; a name of up to 8 bytes shares its key with no other such name.
-std::uint64_t KeyOf(std::string_view name, std::size_t readable) noexcept
-{
-    std::uint64_t first = 0;
-    if (name.size() >= 8 || readable < 8)
-        std::memcpy(&first, name.data(), std::min<std::size_t>(name.size(), 8));
-    else {
-        std::array<char, 8> bytes{};
-        std::memcpy(bytes.data(), name.data(), 8);
-        std::memcpy(&first, bytes.data(), 8);
-        if constexpr (std::endian::native == std::endian::little)
-            first &= (std::uint64_t{1} << (8 * name.size())) - 1;
-        else
-            first &= ~(~std::uint64_t{0} >> (8 * name.size()));
-    }
-    if (name.size() <= 8)
-        return first;
-    std::uint64_t last = 0;
-    std::memcpy(&last, name.data() + name.size() - 8, 8);
-    return first + last * 0x9E3779B97F4A7C15U + name.size();
-}
 
 // A name in a start tag ends at "=" or white space.
 std::string_view NameAt(const char* begin) noexcept
@@ -43,21 +18,6 @@ std::string_view NameAt(const char* begin) noexcept
 }
 
 } // namespace
-
-bool AttributeNames::Add(std::string_view name, std::size_t readable)
-{
-    if (count_ >= FewNames)
-        return AddToMany(name);
-    const std::uint64_t key = KeyOf(name, readable);
-    const std::uint64_t bit = std::uint64_t{1} << ((key * 0x9E3779B97F4A7C15U) >> 58);
-    if ((seen_ & bit) != 0 && IsAmongFew(name, key))
-        return false;
-    seen_ |= bit;
-    keys_[count_] = key;
-    few_[count_] = name;
-    ++count_;
-    return true;
-}
 
 bool AttributeNames::IsAmongFew(std::string_view name, std::uint64_t key) const noexcept
 {

@@ -7,25 +7,9 @@
 
 namespace rulemesh::xml {
 
-namespace {
-
-// In well-formed text a name ends where ASCII other than name characters begins.
-const char* NameEnd(const char* at, const char* end) noexcept
-{
-    for (;;) {
-        at = SkipNameBytes(at, end);
-        if (IsAscii(*at))
-            return at;
-        ++at;
-    }
-}
-
-} // namespace
-
 std::string_view ElementName(std::string_view text, std::size_t start) noexcept
 {
-    const char* const name = text.data() + start + 1;
-    return {name, static_cast<std::size_t>(NameEnd(name, text.data() + text.size()) - name)};
+    return NameAt(text.data() + start + 1, text.data() + text.size());
 }
 
 AttributeReader::AttributeReader(std::string_view text, std::size_t start) noexcept
@@ -40,13 +24,12 @@ bool AttributeReader::Next(LoadedAttribute& attribute) noexcept
     const char* const name = SkipSpaces(begin + at_);
     if (*name == '>' || *name == '/')
         return false;
-    const char* const nameEnd = NameEnd(name, end);
-    const char* value = SkipSpaces(nameEnd);
+    attribute.name = NameAt(name, end);
+    const char* value = SkipSpaces(name + attribute.name.size());
     value = SkipSpaces(value + 1); // behind "="
     const char quote = *value++;
     const std::size_t valueStart = static_cast<std::size_t>(value - begin);
     const std::size_t valueEnd = text_.find(quote, valueStart);
-    attribute.name = {name, static_cast<std::size_t>(nameEnd - name)};
     attribute.whole = {at_, valueEnd + 1};
     attribute.value = {valueStart, valueEnd};
     at_ = valueEnd + 1;

@@ -23,7 +23,7 @@ constexpr std::array<std::uint8_t, 256> MakeByteClasses()
     for (const unsigned space : {0x20U, 0x09U, 0x0AU, 0x0DU})
         add(space, space, Space | PlainText | PlainValue);
     add(0x21, 0x7F, PlainText | PlainValue);
-    for (const unsigned markup : {'<', '&'})
+    for (const unsigned markup : {0x3CU, 0x26U}) // "<" and "&"
         classes[markup] = static_cast<std::uint8_t>(classes[markup] & ~(PlainText | PlainValue));
     classes['>'] = static_cast<std::uint8_t>(classes['>'] & ~PlainText);
     return classes;

@@ -31,8 +31,7 @@ NodeIndex ChildIndex::First(NameId name, NameId key, std::string_view value)
     if (found == keyed.values.end())
         return NoNode;
     Entries& entries = found->second;
-    while (!entries.empty() &&
-           !(IsCurrent(entries.front()) && store_.HasAttribute(entries.front().node, key, value)))
+    while (!entries.empty() && !(IsCurrent(entries.front()) && store_.HasAttribute(entries.front().node, key, value)))
         Drop(entries);
     return entries.empty() ? NoNode : entries.front().node;
 }
@@ -46,7 +45,8 @@ std::vector<NodeIndex> ChildIndex::All(NameId name)
     // A sorted run is a heap too.
     Entries& entries = found->second;
     std::erase_if(entries, [&](const Entry& entry) { return !IsCurrent(entry); });
-    std::sort(entries.begin(), entries.end(), [](const Entry& one, const Entry& other) { return one.slot < other.slot; });
+    std::sort(entries.begin(), entries.end(),
+              [](const Entry& one, const Entry& other) { return one.slot < other.slot; });
     std::vector<NodeIndex> nodes;
     nodes.reserve(entries.size());
     for (const Entry& entry : entries) {

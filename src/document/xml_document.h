@@ -121,7 +121,8 @@ public:
     /// The first node of the document, which may be a declaration, comment or instruction before the root.
     [[nodiscard]] XmlNode firstChild() const;
 
-    /// The first element in document order that the path names, or null. Raises InvalidProcedureCall for a malformed path.
+    /// The first element in document order that the path names, or null. Raises InvalidProcedureCall for a malformed
+    /// path.
     [[nodiscard]] XmlNode selectSingleNode(TextView path) const;
 
     /// The same among elements whose attribute `keyName` has exactly the value `keyValue`. A key value that holds an

@@ -1,68 +1,57 @@
 #include "document/xml_parser.h"
 
-#include <array>
+#include <algorithm>
+#include <bit>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 
 #include "document/xml_attribute_names.h"
 #include "document/xml_characters.h"
+#include "document/xml_cursor.h"
 #include "document/xml_declaration.h"
 #include "document/xml_scan.h"
 
-// One pass over the text that checks everything and builds nothing but the outline. Every function reads from `at_`,
-// leaves it behind what it has read and returns false at the first fault. The zero behind the text is no character of
-// XML, so it ends every loop; only what comes between "end of a construct" and "end of the text" compares with end_.
+// One pass over the text that checks everything and builds nothing but the outline.
 
 namespace rulemesh::xml {
 
 namespace {
 
-class Parser {
+// The number of bits that are set one after the other from `from` on, the end of the set and what is behind it aside.
+unsigned Run(std::uint64_t bits, unsigned from) noexcept
+{
+    return from < 64 ? static_cast<unsigned>(std::countr_one(bits >> from)) : 0;
+}
+
+class Parser : private Cursor {
 public:
-    Parser(std::string_view text, Outline& outline) noexcept
-        : begin_(text.data()), end_(text.data() + text.size()), at_(text.data()), outline_(outline)
-    {
-    }
+    Parser(std::string_view text, Outline& outline) noexcept : Cursor(text), outline_(outline) {}
 
     bool Document();
 
 private:
-    // An open element: where it starts and how long its name is.
+    // An open element: where it starts and how long its name is. Packed, as there may be as many as the text is deep.
     struct Open {
-        const char* start;
-        std::size_t nameLength;
+        std::uint64_t start : 44;
+        std::uint64_t nameLength : 20; // LongName when it is that or more
     };
+    static constexpr std::size_t LongName = 0xFFFFF;
 
     bool Misc();
     bool Content();
     bool StartTag();
+    bool SimpleAttributes();
     bool Attribute();
     bool EndTag();
-    bool Comment();
-    bool Instruction();
-    bool CharacterData();
     bool MarkupInContent();
-    bool Text();
-    bool Value(char quote);
-    bool Reference();
-    bool CharacterReference();
-    bool Name();
-    bool Until(char second, char first, const char* from);
 
-    [[nodiscard]] bool StartsWith(std::string_view text) const noexcept
-    {
-        return std::string_view(at_, static_cast<std::size_t>(end_ - at_)).substr(0, text.size()) == text;
-    }
-    [[nodiscard]] bool SkipCharacter() noexcept;
     [[nodiscard]] std::size_t Offset(const char* at) const noexcept { return static_cast<std::size_t>(at - begin_); }
 
     void Push(const char* start, std::size_t nameLength);
     void Pop();
     [[nodiscard]] bool IsListed(std::size_t depth) const noexcept { return depth < 64 || depth % 8 == 0; }
 
-    const char* begin_;
-    const char* end_;
-    const char* at_;
     Outline& outline_;
     std::vector<Open> open_;
     std::size_t listed_ = 0; // the innermost open element in the outline's list; the `end` of each names the next outer
@@ -148,6 +137,8 @@ bool Parser::StartTag()
     const auto nameLength = static_cast<std::size_t>(at_ - start) - 1;
     attributes_.Clear();
     for (;;) {
+        if (TagWindow::IsFast && *at_ == ' ' && !SimpleAttributes())
+            return false;
         const char* const end = at_;
         at_ = SkipSpaces(at_);
         if (*at_ == '>') {
@@ -162,6 +153,36 @@ bool Parser::StartTag()
         if (at_ == end || !Attribute())
             return false;
     }
+}
+
+// Reads on while attributes come one blank apart as name="value", of ASCII without references: as most do.
+bool Parser::SimpleAttributes()
+{
+    const char* at = at_;
+    unsigned offset = 1; // of the blank, from `at` on
+    while (offset != 0 && end_ - at >= static_cast<std::ptrdiff_t>(TagWindow::Size)) {
+        const TagWindow window(at);
+        offset = 0;
+        for (;;) {
+            const unsigned name = offset + 1;
+            const unsigned value = name + Run(window.names, name) + 2;
+            const unsigned close = value + Run(~window.valueEnds, value);
+            if (close >= TagWindow::Size)
+                break; // goes on behind the window
+            const bool isSimple = at[offset] == ' ' && Is(NameStart, at[name]) && at[value - 2] == '=' &&
+                                  at[value - 1] == '"' && at[close] == '"';
+            if (!isSimple) {
+                at_ = at + offset;
+                return true;
+            }
+            if (!attributes_.Add({at + name, value - 2 - name}, static_cast<std::size_t>(end_ - at - name)))
+                return false;
+            offset = close + 1;
+        }
+        at += offset;
+    }
+    at_ = at;
+    return true;
 }
 
 bool Parser::Attribute()
@@ -186,27 +207,16 @@ bool Parser::Attribute()
     return Value(quote);
 }
 
-bool Parser::Value(char quote)
-{
-    for (;;) {
-        at_ = SkipPlainValue(at_, end_, quote);
-        if (*at_ == quote) {
-            ++at_;
-            return true;
-        }
-        if (*at_ == '&' ? !Reference() : !SkipCharacter())
-            return false;
-    }
-}
-
 bool Parser::EndTag()
 {
-    const Open& open = open_.back();
     at_ += 2;
-    if (static_cast<std::size_t>(end_ - at_) < open.nameLength ||
-        std::memcmp(at_, open.start + 1, open.nameLength) != 0)
+    const char* const name = begin_ + open_.back().start + 1;
+    std::size_t length = open_.back().nameLength;
+    if (length == LongName)
+        length = NameAt(name, end_).size();
+    if (static_cast<std::size_t>(end_ - at_) < length || std::memcmp(at_, name, length) != 0)
         return false;
-    at_ += open.nameLength;
+    at_ += length;
     if (*at_ != '>') {
         at_ = SkipSpaces(at_);
         if (*at_ != '>')
@@ -217,159 +227,13 @@ bool Parser::EndTag()
     return true;
 }
 
-// Character data up to the next "<", which must come.
-bool Parser::Text()
-{
-    for (;;) {
-        at_ = SkipPlainText(at_, end_);
-        switch (*at_) {
-        case '<':
-            return true;
-        case '&':
-            if (!Reference())
-                return false;
-            break;
-        case '>':
-            // What stands before character data ends in ">" or ";", so that it can't lend a bracket.
-            if (at_[-1] == ']' && at_[-2] == ']')
-                return false;
-            ++at_;
-            break;
-        default:
-            if (!SkipCharacter())
-                return false;
-        }
-    }
-}
-
-bool Parser::Reference()
-{
-    ++at_;
-    if (*at_ == '#')
-        return CharacterReference();
-    for (const std::string_view entity : {"lt;", "gt;", "amp;", "quot;", "apos;"}) {
-        if (StartsWith(entity)) {
-            at_ += entity.size();
-            return true;
-        }
-    }
-    return false;
-}
-
-bool Parser::CharacterReference()
-{
-    ++at_;
-    const bool hexadecimal = *at_ == 'x';
-    if (hexadecimal)
-        ++at_;
-    const char* const digits = at_;
-    char32_t point = 0;
-    for (;; ++at_) {
-        const int digit = DigitValue(*at_, hexadecimal);
-        if (digit < 0)
-            break;
-        point = point * (hexadecimal ? 16 : 10) + static_cast<char32_t>(digit);
-        if (point > 0x10FFFF)
-            return false;
-    }
-    if (at_ == digits || *at_ != ';' || !IsCharacter(point))
-        return false;
-    ++at_;
-    return true;
-}
-
-bool Parser::Comment()
-{
-    at_ += 4;
-    const char* const body = at_;
-    if (!Until('-', '-', body))
-        return false;
-    const std::string_view text(body, static_cast<std::size_t>(at_ - body) - 3);
-    return text.find("--") == std::string_view::npos && !text.ends_with('-');
-}
-
-bool Parser::Instruction()
-{
-    at_ += 2;
-    const char* const target = at_;
-    if (!Name())
-        return false;
-    const bool reserved = at_ - target == 3 && (target[0] | 0x20) == 'x' && (target[1] | 0x20) == 'm' &&
-                          (target[2] | 0x20) == 'l';
-    if (reserved)
-        return false;
-    if (at_[0] == '?' && at_[1] == '>') {
-        at_ += 2;
-        return true;
-    }
-    return Is(Space, *at_) && Until('?', '\0', at_);
-}
-
-bool Parser::CharacterData()
-{
-    at_ += 9;
-    return Until(']', ']', at_);
-}
-
-// Reads behind the first ">" that `second`, and before it `first` unless that is zero, precede; neither lies before
-// `from`.
-bool Parser::Until(char second, char first, const char* from)
-{
-    for (;;) {
-        at_ = SkipPlainText(at_, end_);
-        if (*at_ == '>') {
-            ++at_;
-            const auto length = at_ - from;
-            if (length >= 2 && at_[-2] == second && (first == '\0' || (length >= 3 && at_[-3] == first)))
-                return true;
-        } else if (*at_ == '<' || *at_ == '&') {
-            ++at_;
-        } else if (!SkipCharacter()) {
-            return false;
-        }
-    }
-}
-
-bool Parser::Name()
-{
-    if (!Is(NameStart, *at_)) {
-        if (IsAscii(*at_))
-            return false;
-        const Character first = DecodeCharacter(at_);
-        if (first.length == 0 || !IsNameStart(first.point))
-            return false;
-        at_ += first.length;
-    }
-    for (;;) {
-        at_ = SkipNameBytes(at_, end_);
-        if (IsAscii(*at_))
-            return true;
-        const Character next = DecodeCharacter(at_);
-        if (next.length == 0 || !IsNameCharacter(next.point))
-            return false;
-        at_ += next.length;
-    }
-}
-
-// Over characters beyond ASCII, at least one.
-bool Parser::SkipCharacter() noexcept
-{
-    do {
-        const Character next = DecodeCharacter(at_);
-        if (next.length == 0)
-            return false;
-        at_ += next.length;
-    } while (!IsAscii(*at_));
-    return true;
-}
-
 void Parser::Push(const char* start, std::size_t nameLength)
 {
     if (IsListed(open_.size())) {
         outline_.large.push_back({Offset(start), listed_});
         listed_ = outline_.large.size() - 1;
     }
-    open_.push_back({start, nameLength});
+    open_.push_back({Offset(start) & ((std::uint64_t{1} << 44) - 1), std::min(nameLength, LongName) & LongName});
 }
 
 void Parser::Pop()

@@ -86,7 +86,10 @@ public:
     [[nodiscard]] NodeIndex Root() const noexcept { return root_; }
     [[nodiscard]] NodeIndex First() const noexcept { return first_; }
     [[nodiscard]] NodeIndex NodeCount() const noexcept { return nodeCount_; }
-    [[nodiscard]] const Node& At(NodeIndex node) const noexcept { return (*blocks_[node / BlockSize])[node % BlockSize]; }
+    [[nodiscard]] const Node& At(NodeIndex node) const noexcept
+    {
+        return (*blocks_[node / BlockSize])[node % BlockSize];
+    }
     [[nodiscard]] NameTable& Names() noexcept { return names_; }
 
     [[nodiscard]] NodeIndex FirstChild(NodeIndex parent);

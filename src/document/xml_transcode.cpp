@@ -112,8 +112,7 @@ template <typename Check> bool Convert(TextView text, std::string& result, Check
 std::optional<std::string> ToUtf8Exactly(TextView text)
 {
     std::string result;
-    const bool exact =
-        Convert(text, result, [](char32_t& point) { return !(point >= 0xD800 && point <= 0xDFFF); });
+    const bool exact = Convert(text, result, [](char32_t& point) { return !(point >= 0xD800 && point <= 0xDFFF); });
     if (!exact)
         return std::nullopt;
     return result;

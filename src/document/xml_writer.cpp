@@ -14,7 +14,8 @@ namespace {
 constexpr std::string_view KeptReturn = "&#13;";
 
 // Copies the text, with what `escape` gives for a character in its place; it gives nothing for one that stays.
-template <typename Escape> void AppendEscaped(std::string& output, std::string_view text, const char* special, Escape escape)
+template <typename Escape>
+void AppendEscaped(std::string& output, std::string_view text, const char* special, Escape escape)
 {
     for (;;) {
         const std::size_t stop = text.find_first_of(special);
@@ -55,6 +56,20 @@ bool HasPlainLineFeeds(std::string_view loaded) noexcept
 bool IsLineEnd(std::string_view text, std::size_t at, CarriageReturns returns) noexcept
 {
     return returns == CarriageReturns::AsLineEnds && at + 1 < text.size() && text[at + 1] == '\n';
+}
+
+// A carriage return and line feed, and a carriage return alone, as the one line feed that a parser makes of them.
+std::string FoldLineEnds(std::string_view text)
+{
+    std::string folded;
+    folded.reserve(text.size());
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const bool isReturn = text[at] == '\r';
+        if (isReturn && at + 1 < text.size() && text[at + 1] == '\n')
+            continue;
+        folded.push_back(isReturn ? '\n' : text[at]);
+    }
+    return folded;
 }
 
 class Writer {
@@ -177,7 +192,8 @@ void Writer::Attribute(const AttributeList::Attribute& attribute)
     const std::string_view loaded = store_.Loaded();
     if (!attribute.written ||
         (isLoaded &&
-         *attribute.written == AttributeValue(loaded.substr(attribute.value.start, attribute.value.Length())))) {
+         FoldLineEnds(*attribute.written) ==
+             FoldLineEnds(AttributeValue(loaded.substr(attribute.value.start, attribute.value.Length()))))) {
         Loaded(attribute.whole);
         return;
     }
@@ -210,14 +226,14 @@ void Writer::WrittenText(const Details& details)
     });
 }
 
-// Whether what would be written for the text reads like what came.
+// Whether the text that was written reads like what came, line ends counted as a parser counts them: a script that
+// went through a text box and back is no change.
 bool Writer::ReadsAsLoaded(NodeIndex node, const Details& details) const
 {
-    std::string read;
-    AppendEscaped(read, details.written, "\r", [&](std::string_view text, std::size_t at) -> std::string_view {
-        return IsLineEnd(text, at, details.returns) ? "" : "\r";
-    });
-    return TrimSpace(read) == TrimSpace(LoadedText(store_, node));
+    const std::string loaded = LoadedText(store_, node);
+    if (details.returns == CarriageReturns::Kept)
+        return TrimSpace(details.written) == TrimSpace(loaded);
+    return FoldLineEnds(TrimSpace(details.written)) == FoldLineEnds(TrimSpace(loaded));
 }
 
 std::string_view Writer::LineEnd()
