@@ -35,6 +35,8 @@ endfunction()
 # The tests of one folder of src/ as one program:
 #
 #   rulemesh_add_tests(document path_layer_test.cpp ...)
+#
+# Tests of a folder that is no layer see the designer whole.
 function(rulemesh_add_tests folder)
     list(TRANSFORM ARGN PREPEND "${folder}/")
     add_executable(${folder}_test ${ARGN})
@@ -42,6 +44,10 @@ function(rulemesh_add_tests folder)
     target_compile_definitions(${folder}_test PRIVATE
         RULEMESH_SAMPLES="${PROJECT_SOURCE_DIR}/samples"
         RULEMESH_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data")
-    target_link_libraries(${folder}_test PRIVATE rulemesh_${folder} rulemesh_options GTest::gmock GTest::gtest_main)
+    set(tested rulemesh)
+    if(TARGET rulemesh_${folder})
+        set(tested rulemesh_${folder})
+    endif()
+    target_link_libraries(${folder}_test PRIVATE ${tested} rulemesh_options GTest::gmock GTest::gtest_main)
     rulemesh_register_test(${folder}_test)
 endfunction()

@@ -57,22 +57,22 @@ template <typename Kind> Kind* Reachable(ModalForm& form, const Json& step)
     return view != nullptr && view->CanBeReached() ? view : nullptr;
 }
 
-void TakeStep(ModalForm& form, const Json& step)
+void TakeStep(UserHands& hands, ModalForm& form, const Json& step)
 {
     const Json verb = step.value("do", Json());
     if (verb == "type") {
         if (auto* box = Reachable<TextBox>(form, step))
-            box->UserTypes(TextOf(step.at("text")));
+            hands.Type(*box, TextOf(step.at("text")));
     } else if (verb == "choose") {
         auto* combo = Reachable<ComboBox>(form, step);
         const auto index = step.at("index").get<std::int64_t>();
         if (combo != nullptr && index >= 0 && index < static_cast<std::int64_t>(combo->Entries().size()))
-            combo->UserChooses(static_cast<int>(index));
+            hands.Choose(*combo, static_cast<int>(index));
     } else if (verb == "click") {
         if (auto* button = Reachable<Button>(form, step))
-            button->UserClicks();
+            hands.Click(*button);
     } else if (verb == "close") {
-        form.UserCloses();
+        hands.CloseForm(form);
     }
 }
 
@@ -160,10 +160,12 @@ void ScriptedPlatform::ShowModal(ModalForm& form)
     Report("form", Described(form));
     const Json reply = NextReply("form");
     const Json steps = reply.is_object() ? reply.at("steps") : Json::array();
+    hands_.FormOpens(form);
     for (auto step = steps.begin(); step != steps.end() && form.IsOpen(); ++step)
-        TakeStep(form, *step);
+        TakeStep(hands_, form, *step);
     if (form.IsOpen())
-        dynamic_cast<Button&>(*form.Tree.Find(u"CmdCancel")).UserClicks();
+        hands_.Click(dynamic_cast<Button&>(*form.Tree.Find(u"CmdCancel")));
+    hands_.FormClosed(form);
 }
 
 int ScriptedPlatform::RunEditor(const Text& StrEditor, const Text& StrPath)

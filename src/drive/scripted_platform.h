@@ -6,6 +6,7 @@
 #include <string>
 
 #include "drive/json_text.h"
+#include "drive/user_hands.h"
 #include "platform/memory_files.h"
 #include "platform/platform.h"
 #include "script/control_events.h"
@@ -31,7 +32,11 @@ private:
 class ScriptedPlatform : public Platform, public ControlEvents {
 public:
     /// `let` sets a property of the control by its name, as a host does.
-    explicit ScriptedPlatform(std::function<void(const Json& property)> let) : let_(std::move(let)) {}
+    /// The hands work the forms that come up.
+    ScriptedPlatform(UserHands& hands, std::function<void(const Json& property)> let)
+        : hands_(hands), let_(std::move(let))
+    {
+    }
 
     /// What happened since the last call, in order.
     [[nodiscard]] Json TakeHappened() { return std::exchange(happened_, Json::array()); }
@@ -60,6 +65,7 @@ private:
     [[nodiscard]] Json NextReply(const std::string& kind);
     void RaiseEvent(const std::string& name, Json args);
 
+    UserHands& hands_;
     std::function<void(const Json& property)> let_;
     Json happened_ = Json::array();
     std::map<std::string, std::deque<Json>> replies_; // by kind of question; those to events by "event " and the name

@@ -13,46 +13,45 @@ namespace rulemesh {
 // The control, and the desktop and host that it talks to.
 class Session::Desk {
 public:
-    Desk() { Create(); }
-
-    void Create()
-    {
-        control_.reset();
-        control_ = std::make_unique<ctlRulemesh>(platform_, platform_);
-    }
+    explicit Desk(std::unique_ptr<Stage> stage) : stage_(std::move(stage)) { stage_->Create(platform_, platform_); }
 
     [[nodiscard]] Json Do(const Request& request);
 
     [[nodiscard]] Json TakeHappened() { return platform_.TakeHappened(); }
 
 private:
-    ScriptedPlatform platform_{
-        [this](const Json& property) { static_cast<void>(LetProperty(*control_, Request(property))); }};
-    std::unique_ptr<ctlRulemesh> control_;
+    std::unique_ptr<Stage> stage_;
+    ScriptedPlatform platform_{stage_->Hands(), [this](const Json& property) {
+                                   static_cast<void>(LetProperty(stage_->Control(), Request(property)));
+                               }};
 };
 
 Json Session::Desk::Do(const Request& request)
 {
-    using Verb = std::function<Json(ctlRulemesh&, const Request&)>;
-    static const std::map<std::string, Verb> verbs = {
-        {"let", LetProperty}, {"get", GetProperty}, {"call", CallMember}, {"resize", ResizeControl},
-        {"set", SetVisible},  {"click", Click},     {"tab", ClickTab},    {"focus", MoveFocus},
-        {"leave", Leave},     {"type", Type},       {"key", PressKey},    {"press", PressCharacter},
-        {"choose", Choose},   {"row", ClickRow},    {"tick", Tick},       {"header", ClickHeader},
-        {"cell", ClickCell},  {"scroll", Scroll},   {"read", ReadView},   {"focused", ReadFocused},
-        {"state", ReadState}, {"xml", ReadXml},
+    using ControlVerb = std::function<Json(ctlRulemesh&, const Request&)>;
+    using UserVerb = std::function<Json(Stage&, const Request&)>;
+    static const std::map<std::string, ControlVerb> controlVerbs = {
+        {"let", LetProperty},      {"get", GetProperty}, {"call", CallMember},
+        {"resize", ResizeControl}, {"set", SetVisible},  {"read", ReadView},
+        {"focused", ReadFocused},  {"state", ReadState}, {"xml", ReadXml},
+    };
+    static const std::map<std::string, UserVerb> userVerbs = {
+        {"click", Click},        {"tab", ClickTab},         {"focus", MoveFocus}, {"leave", Leave},  {"type", Type},
+        {"key", PressKey},       {"press", PressCharacter}, {"choose", Choose},   {"row", ClickRow}, {"tick", Tick},
+        {"header", ClickHeader}, {"cell", ClickCell},       {"scroll", Scroll},
     };
     const std::string word = request.Word("do");
     if (word == "create") {
-        Create();
+        stage_->Create(platform_, platform_);
         return nullptr;
     }
     if (word == "reply")
         return LayReplyReady(platform_, request);
-    const auto verb = verbs.find(word);
-    if (verb == verbs.end())
-        throw Refusal("there is no verb \"" + word + "\"");
-    return verb->second(*control_, request);
+    if (const auto verb = controlVerbs.find(word); verb != controlVerbs.end())
+        return verb->second(stage_->Control(), request);
+    if (const auto verb = userVerbs.find(word); verb != userVerbs.end())
+        return verb->second(*stage_, request);
+    throw Refusal("there is no verb \"" + word + "\"");
 }
 
 namespace {
@@ -62,7 +61,9 @@ bool AlwaysHasValue(const Json& request) { return request.value("do", Json()) ==
 
 } // namespace
 
-Session::Session() : desk_(std::make_unique<Desk>()) {}
+Session::Session() : Session(std::make_unique<WindowlessStage>()) {}
+
+Session::Session(std::unique_ptr<Stage> stage) : desk_(std::make_unique<Desk>(std::move(stage))) {}
 
 Session::~Session() = default;
 

@@ -5,10 +5,16 @@
 
 namespace rulemesh {
 
-/// One designer without a window: takes requests as lines of JSON and is both its host and its user.
+class Stage;
+
+/// One designer that another program works: takes requests as lines of JSON and is both its host and its user.
 class Session {
 public:
+    /// A designer without a window.
     Session();
+
+    /// A designer on a stage of the caller's.
+    explicit Session(std::unique_ptr<Stage> stage);
     ~Session();
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;

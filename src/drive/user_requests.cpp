@@ -17,9 +17,9 @@ View& Reachable(View& view)
 }
 
 // The view that the request names, which must be of a kind and within reach.
-template <typename Kind> Kind& Reachable(ctlRulemesh& control, const Request& request)
+template <typename Kind> Kind& Reachable(Stage& stage, const Request& request)
 {
-    View& view = ViewOf(control, request);
+    View& view = ViewOf(stage.Control(), request);
     auto* kind = dynamic_cast<Kind*>(&view);
     if (kind == nullptr)
         throw Refusal(NameOf(view) + " is no view for this verb");
@@ -48,19 +48,19 @@ void RequireFocusable(const View& view)
 
 } // namespace
 
-Json Click(ctlRulemesh& control, const Request& request)
+Json Click(Stage& stage, const Request& request)
 {
-    View& view = ViewOf(control, request);
+    View& view = ViewOf(stage.Control(), request);
     if (view.Kind() == ViewKind::Picture)
-        Reachable<PictureButton>(control, request).UserClicks();
+        stage.Hands().Click(Reachable<PictureButton>(stage, request));
     else
-        Reachable<Button>(control, request).UserClicks();
+        stage.Hands().Click(Reachable<Button>(stage, request));
     return nullptr;
 }
 
-Json ClickTab(ctlRulemesh& control, const Request& request)
+Json ClickTab(Stage& stage, const Request& request)
 {
-    TabControl& tabs = control.Views().MainTab;
+    TabControl& tabs = stage.Control().Views().MainTab;
     const int tab = request.Number("index");
     RequireWithin(tab, 0, TabControl::TabCount - 1, "index");
     if (tab == tabs.Tab())
@@ -68,107 +68,107 @@ Json ClickTab(ctlRulemesh& control, const Request& request)
     Reachable(tabs);
     if (!tabs.TabEnabled(tab))
         throw Refusal("the tab is disabled");
-    tabs.UserClicksTab(tab);
+    stage.Hands().ClickTab(tabs, tab);
     return nullptr;
 }
 
-Json MoveFocus(ctlRulemesh& control, const Request& request)
+Json MoveFocus(Stage& stage, const Request& request)
 {
-    View& view = ViewOf(control, request);
+    View& view = ViewOf(stage.Control(), request);
     RequireFocusable(view);
-    control.Views().Tree.MoveFocus(Reachable(view));
+    stage.Hands().MoveFocus(stage.Control().Views().Tree, Reachable(view));
     return nullptr;
 }
 
-Json Leave(ctlRulemesh& control, const Request& /*request*/)
+Json Leave(Stage& stage, const Request& /*request*/)
 {
-    control.Views().Tree.UserLeaves();
+    stage.Hands().Leave(stage.Control().Views().Tree);
     return nullptr;
 }
 
-Json Type(ctlRulemesh& control, const Request& request)
+Json Type(Stage& stage, const Request& request)
 {
-    auto& box = Reachable<TextBox>(control, request);
-    box.UserTypes(request.TextMember("text"));
+    auto& box = Reachable<TextBox>(stage, request);
+    stage.Hands().Type(box, request.TextMember("text"));
     return nullptr;
 }
 
-Json PressKey(ctlRulemesh& control, const Request& request)
+Json PressKey(Stage& stage, const Request& request)
 {
-    ViewTree& tree = control.Views().Tree;
-    View* view = request.Has("view") ? &ViewOf(control, request) : tree.Focused();
+    ViewTree& tree = stage.Control().Views().Tree;
+    View* view = request.Has("view") ? &ViewOf(stage.Control(), request) : tree.Focused();
     if (view == nullptr)
         throw Refusal("no view has the focus");
     RequireFocusable(*view);
     const std::int16_t KeyCode = request.SmallNumber("code");
     const std::int16_t Shift = request.Has("shift") ? request.SmallNumber("shift") : std::int16_t{0};
-    return {{"cancelled", tree.UserPressesKey(Reachable(*view), KeyCode, Shift)}};
+    return {{"cancelled", stage.Hands().PressKey(tree, Reachable(*view), KeyCode, Shift)}};
 }
 
-Json PressCharacter(ctlRulemesh& control, const Request& request)
+Json PressCharacter(Stage& stage, const Request& request)
 {
-    auto& grid = Reachable<Grid>(control, request);
-    grid.UserPresses(request.SmallNumber("ascii"));
+    auto& grid = Reachable<Grid>(stage, request);
+    stage.Hands().PressCharacter(grid, request.SmallNumber("ascii"));
     return nullptr;
 }
 
-Json Choose(ctlRulemesh& control, const Request& request)
+Json Choose(Stage& stage, const Request& request)
 {
-    auto& combo = Reachable<ComboBox>(control, request);
+    auto& combo = Reachable<ComboBox>(stage, request);
     const int index = request.Number("index");
     RequireWithin(index, 0, static_cast<int>(combo.Entries().size()) - 1, "index");
-    combo.UserChooses(index);
+    stage.Hands().Choose(combo, index);
     return nullptr;
 }
 
-Json ClickRow(ctlRulemesh& control, const Request& request)
+Json ClickRow(Stage& stage, const Request& request)
 {
-    auto& list = Reachable<ListView>(control, request);
-    list.UserClicksRow(RowOf(list, request));
+    auto& list = Reachable<ListView>(stage, request);
+    stage.Hands().ClickRow(list, RowOf(list, request));
     return nullptr;
 }
 
-Json Tick(ctlRulemesh& control, const Request& request)
+Json Tick(Stage& stage, const Request& request)
 {
-    auto& list = Reachable<ListView>(control, request);
+    auto& list = Reachable<ListView>(stage, request);
     if (!list.HasCheckBoxes())
         throw Refusal(NameOf(list) + " has no check boxes");
     const int row = RowOf(list, request);
-    list.UserTicks(row, request.Flag("on"));
+    stage.Hands().Tick(list, row, request.Flag("on"));
     return nullptr;
 }
 
-Json ClickHeader(ctlRulemesh& control, const Request& request)
+Json ClickHeader(Stage& stage, const Request& request)
 {
-    auto& list = Reachable<ListView>(control, request);
+    auto& list = Reachable<ListView>(stage, request);
     const int column = request.Number("column");
     RequireWithin(column, 1, static_cast<int>(list.Columns().size()), "column");
     if (list.Columns()[static_cast<std::size_t>(column) - 1].Width == 0)
         throw Refusal("the column has no width");
-    list.UserClicksHeader(column);
+    stage.Hands().ClickHeader(list, column);
     return nullptr;
 }
 
-Json ClickCell(ctlRulemesh& control, const Request& request)
+Json ClickCell(Stage& stage, const Request& request)
 {
-    auto& grid = Reachable<Grid>(control, request);
+    auto& grid = Reachable<Grid>(stage, request);
     const int row = request.Number("row");
     const int col = request.Number("col");
     RequireWithin(col, 0, Grid::ColumnCount - 1, "col");
     if (!grid.RowIsVisible(row))
         throw Refusal("the cell is not in sight");
     const bool twice = request.Has("double") && request.Flag("double");
-    grid.UserClicksCell(row, col, twice ? Grid::Clicks::Double : Grid::Clicks::Single);
+    stage.Hands().ClickCell(grid, row, col, twice ? Grid::Clicks::Double : Grid::Clicks::Single);
     return nullptr;
 }
 
-Json Scroll(ctlRulemesh& control, const Request& request)
+Json Scroll(Stage& stage, const Request& request)
 {
-    auto& grid = Reachable<Grid>(control, request);
+    auto& grid = Reachable<Grid>(stage, request);
     const int top = request.Number("top");
     if (top < 0)
         throw Refusal("\"top\" is out of range");
-    grid.UserScrolls(top);
+    stage.Hands().Scroll(grid, top);
     return nullptr;
 }
 
