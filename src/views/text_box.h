@@ -30,8 +30,12 @@ public:
     void SelStart(std::size_t position)
     {
         caret_ = std::min(position, text_.size());
+        ++caretMoves_;
         Changed();
     }
+
+    /// Counts the times that the program placed the caret, so that a front end can tell them from the user's moves.
+    [[nodiscard]] unsigned CaretMoves() const noexcept { return caretMoves_; }
 
     /// The user replaces the whole text in one change. A locked box keeps its text.
     void UserTypes(rulemesh::Text text);
@@ -48,6 +52,7 @@ private:
     rulemesh::Text text_;
     rulemesh::Text tag_;
     std::size_t caret_ = 0;
+    unsigned caretMoves_ = 0;
     bool locked_ = false;
 };
 

@@ -92,6 +92,9 @@ public:
     /// Whether the user can get at the view: it and every parent are visible and enabled, and its tab is shown.
     [[nodiscard]] bool CanBeReached() const noexcept;
 
+    /// Whether the view shows on its parent: it is visible, and on the tab that is shown.
+    [[nodiscard]] bool IsShown() const noexcept { return visible_ && (parent_ == nullptr || parent_->Shows(*this)); }
+
     [[nodiscard]] bool HasFocus() const noexcept;
 
     /// The designer's own call: does nothing for a view that can't be reached.
