@@ -1,0 +1,180 @@
+#include "desktop/desktop_platform.h"
+
+#include <exception>
+#include <thread>
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QStringConverter>
+
+#include "desktop/form_dialog.h"
+#include "desktop/qt_text.h"
+#include "platform/private_folder_files.h"
+#include "platform/process_launcher.h"
+
+namespace rulemesh {
+
+namespace {
+
+QMessageBox::StandardButton ButtonOf(MessageButton button)
+{
+    switch (button) {
+    case MessageButton::Ok:
+        return QMessageBox::Ok;
+    case MessageButton::Cancel:
+        return QMessageBox::Cancel;
+    case MessageButton::Yes:
+        return QMessageBox::Yes;
+    case MessageButton::No:
+        break;
+    }
+    return QMessageBox::No;
+}
+
+QMessageBox::Icon IconOf(MessageIcon icon)
+{
+    switch (icon) {
+    case MessageIcon::Critical:
+        return QMessageBox::Critical;
+    case MessageIcon::Exclamation:
+        return QMessageBox::Warning;
+    case MessageIcon::Question:
+        return QMessageBox::Question;
+    case MessageIcon::Notice:
+        return QMessageBox::Information;
+    case MessageIcon::None:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+// Eats what the user does to the windows while somebody waits, so that it does not come in afterwards.
+class InputBlocker : public QObject {
+public:
+    InputBlocker()
+    {
+        qApp->installEventFilter(this);
+        QApplication::setOverrideCursor(Qt::BusyCursor);
+    }
+    InputBlocker(const InputBlocker&) = delete;
+    InputBlocker& operator=(const InputBlocker&) = delete;
+    ~InputBlocker() override { QApplication::restoreOverrideCursor(); }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        switch (event->type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::Wheel:
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+        case QEvent::Shortcut:
+        case QEvent::ShortcutOverride:
+        case QEvent::ContextMenu:
+        case QEvent::TouchBegin:
+        case QEvent::TouchUpdate:
+        case QEvent::TouchEnd:
+        case QEvent::DragEnter:
+        case QEvent::Drop:
+            return true;
+        case QEvent::Close:
+            event->ignore();
+            return true;
+        default:
+            return QObject::eventFilter(watched, event);
+        }
+    }
+};
+
+CodePage SystemCodePage()
+{
+    const bool utf8 = QStringConverter::nameForEncoding(QStringConverter::System) == QByteArrayView("UTF-8") ||
+                      qgetenv("LANG").toUpper().contains("UTF-8");
+    return utf8 ? CodePage::Utf8 : CodePage::Windows1252;
+}
+
+} // namespace
+
+DesktopPlatform::DesktopPlatform(QWidget& owner)
+    : owner_(owner), files_(std::make_unique<PrivateFolderFiles>(SystemCodePage()))
+{
+}
+
+void DesktopPlatform::PrepareToWait()
+{
+    if (BeforeWaiting)
+        BeforeWaiting();
+}
+
+MessageButton DesktopPlatform::ShowMessage(const Message& message)
+{
+    PrepareToWait();
+    QMessageBox box(owner_.window());
+    box.setIcon(IconOf(message.Icon));
+    box.setWindowTitle(message.Title.empty() ? QApplication::applicationDisplayName() : ToQt(message.Title));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(ToQt(message.Text));
+    for (const MessageButton button : message.Buttons)
+        box.addButton(ButtonOf(button));
+    box.setDefaultButton(ButtonOf(message.Buttons.front()));
+    box.setEscapeButton(ButtonOf(message.Buttons.back()));
+    box.exec();
+    const QMessageBox::StandardButton pressed = box.standardButton(box.clickedButton());
+    for (const MessageButton button : message.Buttons) {
+        if (ButtonOf(button) == pressed)
+            return button;
+    }
+    return message.Buttons.back();
+}
+
+std::optional<Text> DesktopPlatform::AskForText(const Text& StrPrompt, const Text& StrTitle)
+{
+    PrepareToWait();
+    bool accepted = false;
+    const QString answer =
+        QInputDialog::getText(owner_.window(), ToQt(StrTitle), ToQt(StrPrompt), QLineEdit::Normal, {}, &accepted);
+    return accepted ? std::optional(FromQt(answer)) : std::nullopt;
+}
+
+void DesktopPlatform::ShowModal(ModalForm& form)
+{
+    PrepareToWait();
+    FormDialog dialog(form, owner_.window());
+    dialog.exec();
+}
+
+int DesktopPlatform::RunEditor(const Text& StrEditor, const Text& StrPath)
+{
+    PrepareToWait();
+    const InputBlocker blocker;
+    QEventLoop loop;
+    int status = 0;
+    std::exception_ptr raised;
+    std::thread editor([&] {
+        try {
+            status = RunAndWait(StrEditor, StrPath);
+        } catch (const Failure&) {
+            raised = std::current_exception();
+        }
+        QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+    });
+    loop.exec();
+    editor.join();
+    if (raised)
+        std::rethrow_exception(raised);
+    return status;
+}
+
+Text DesktopPlatform::FallbackEditor() const { return rulemesh::FallbackEditor(); }
+
+void DesktopPlatform::RunPendingEvents()
+{
+    PrepareToWait();
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+} // namespace rulemesh

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include <QWidget>
+
+#include "platform/platform.h"
+#include "platform/text_files.h"
+
+namespace rulemesh {
+
+/// What a control asks of the desktop, answered by real boxes, forms, files and programs.
+class DesktopPlatform : public Platform {
+public:
+    /// Boxes and forms stand over the window of `owner`, which must outlive the platform.
+    explicit DesktopPlatform(QWidget& owner);
+
+    /// Run before the user is asked or made to wait, so that the windows show how things stand.
+    std::function<void()> BeforeWaiting;
+
+    MessageButton ShowMessage(const Message& message) override;
+    std::optional<Text> AskForText(const Text& StrPrompt, const Text& StrTitle) override;
+    void ShowModal(ModalForm& form) override;
+    int RunEditor(const Text& StrEditor, const Text& StrPath) override;
+    [[nodiscard]] Text FallbackEditor() const override;
+    [[nodiscard]] TextFiles& Files() override { return *files_; }
+    void RunPendingEvents() override;
+
+private:
+    void PrepareToWait();
+
+    QWidget& owner_;
+    std::unique_ptr<TextFiles> files_;
+};
+
+} // namespace rulemesh

@@ -1,0 +1,42 @@
+#include "desktop/form_dialog.h"
+
+#include <algorithm>
+
+#include <QCloseEvent>
+
+#include "desktop/qt_text.h"
+#include "views/button.h"
+
+namespace rulemesh {
+
+FormDialog::FormDialog(ModalForm& form, QWidget* parent) : QDialog(parent), form_(form), surface_(form.Tree, *this)
+{
+    setWindowTitle(ToQt(form.Caption()));
+    setFixedSize(surface_.Pixels(form.Width()), surface_.Pixels(form.Height()));
+    surface_.OnActed = [this] { FollowForm(); };
+    const std::vector<View*>& views = form.Tree.Views();
+    const auto first = std::find_if(views.begin(), views.end(),
+                                    [](const View* view) { return view->TakesFocus() && view->CanBeReached(); });
+    if (first != views.end())
+        surface_.FocusFor(**first);
+}
+
+void FormDialog::FollowForm()
+{
+    if (!form_.IsOpen())
+        done(QDialog::Accepted);
+}
+
+void FormDialog::reject()
+{
+    surface_.Act([this] { dynamic_cast<Button&>(*form_.Tree.Find(u"CmdCancel")).UserClicks(); });
+}
+
+void FormDialog::closeEvent(QCloseEvent* event)
+{
+    if (form_.IsOpen())
+        surface_.Act([this] { form_.UserCloses(); });
+    event->accept();
+}
+
+} // namespace rulemesh

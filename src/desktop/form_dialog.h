@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QDialog>
+
+#include "desktop/view_surface.h"
+#include "views/modal_form.h"
+
+namespace rulemesh {
+
+/// A modal form in a window of its own. Closing it from its frame asks what the form asks then; Escape cancels.
+class FormDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    FormDialog(ModalForm& form, QWidget* parent);
+
+    [[nodiscard]] ViewSurface& Surface() noexcept { return surface_; }
+
+    void reject() override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void FollowForm();
+
+    ModalForm& form_;
+    ViewSurface surface_;
+};
+
+} // namespace rulemesh

@@ -1,0 +1,111 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include <QString>
+#include <QWidget>
+
+#include "base/failure.h"
+#include "platform/platform.h"
+#include "script/control_events.h"
+#include "shell/ctl_rulemesh.h"
+
+namespace rulemesh {
+
+class DesktopPlatform;
+class ViewSurface;
+
+/// The designer as a widget: owns a ctlRulemesh, draws its views with real widgets and hands real input to them.
+///
+/// The members of the control stand here under their own names, as slots and, where a value can be read and set without
+/// a side effect, as properties; its events are signals. A failure that the control does not handle never leaves the
+/// widget as an exception: FailureRaised tells its number and text, and a member that should return a text returns a
+/// null one. A host that wants the exceptions calls the members of Control().
+class RulemeshWidget : public QWidget {
+    Q_OBJECT
+    Q_PROPERTY(QString TargetTable READ TargetTable WRITE TargetTable)
+    Q_PROPERTY(bool Edit READ Edit WRITE Edit)
+    Q_PROPERTY(QString Editor READ Editor WRITE Editor)
+    Q_PROPERTY(bool Syntax_Highlight READ Syntax_Highlight WRITE Syntax_Highlight)
+
+public:
+    explicit RulemeshWidget(QWidget* parent = nullptr);
+
+    /// A widget on a platform and events of the host's own, which must outlive it; nothing is shown by the default
+    /// ones then, and no signal but FailureRaised is sent.
+    RulemeshWidget(Platform& platform, ControlEvents& events, QWidget* parent = nullptr);
+    ~RulemeshWidget() override;
+
+    [[nodiscard]] ctlRulemesh& Control() noexcept { return *control_; }
+    [[nodiscard]] ViewSurface& Surface() noexcept { return *surface_; }
+
+    [[nodiscard]] QString TargetTable() const;
+    [[nodiscard]] bool Edit() const;
+    [[nodiscard]] QString Editor() const;
+    [[nodiscard]] bool Syntax_Highlight() const;
+
+    /// Saves and prunes, and may ask the user; a null text when a failure was raised.
+    Q_INVOKABLE [[nodiscard]] QString MappingObjectXML();
+    Q_INVOKABLE [[nodiscard]] QByteArray MappingObjectXmlUtf8();
+    Q_INVOKABLE [[nodiscard]] QString SourceTables() const;
+    Q_INVOKABLE [[nodiscard]] QString MainQuery() const;
+    Q_INVOKABLE [[nodiscard]] QString FieldMapping() const;
+    Q_INVOKABLE [[nodiscard]] int GetListItemNumber(const QString& strFieldName) const;
+    Q_INVOKABLE [[nodiscard]] int GetRowNumber(const QString& i_StrFieldName) const;
+
+    /// Takes the focus out of the control as a click elsewhere does, so that an open cell is committed.
+    void TakeFocusOut();
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+public slots:
+    void TargetTable(const QString& StrTable);
+    void Edit(bool BoolEdit);
+    void Editor(const QString& StrEditor);
+    void Syntax_Highlight(bool BoolHighlight);
+    void MappingObjectXML(const QString& StrXml);
+    void MappingObjectXmlUtf8(const QByteArray& utf8);
+    void SourceTables(const QString& i_SourceTables);
+    void PreCondition(const QString& StrText);
+    void MainQuery(const QString& StrText);
+    void FieldMapping(const QString& StrRule);
+    void ShowControl();
+    void SetTextNumber(const QString& StrType, int LngTextNumber, const QString& StrKey1, const QString& StrKey2);
+    void Setfocus();
+    void GridEdit(int KeyAscii);
+
+signals:
+    void ShowSourceTablesPopUp(const QString& i_SourceTables);
+    void ShowConditionBuilderPopUp(const QString& i_ConditionString, const QString& i_SourceTables);
+    void ShowQueryBuilderPopUp(const QString& i_QueryString, const QString& i_SourceTables);
+    void ShowFunctionalTextPopUp(const QString& DocType, int LngTextNumber, const QString& StrKey1,
+                                 const QString& StrKey2);
+    void ShowFunctionBuilderPopUp(const QString& StrCondition, const QString& StrSourceTables);
+    void SaveDoneDisabled();
+    void SaveDoneEnabled();
+
+    /// A failure that ended a user's action or a call of the host; what was done before it stays done.
+    void FailureRaised(int number, const QString& text);
+
+    /// The user did something to the designer (or a program did); the object may have changed.
+    void Acted();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+
+private:
+    void Build(Platform& platform, ControlEvents& events);
+
+    class SignalEvents;
+    std::unique_ptr<DesktopPlatform> platform_;
+    std::unique_ptr<SignalEvents> events_;
+    std::unique_ptr<ctlRulemesh> control_;
+    std::unique_ptr<ViewSurface> surface_;
+};
+
+} // namespace rulemesh

@@ -1,0 +1,178 @@
+#include "desktop/view_surface.h"
+
+#include <algorithm>
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScopedValueRollback>
+#include <QWidget>
+
+#include "desktop/view_widget.h"
+
+namespace rulemesh {
+
+namespace {
+
+constexpr int TwipsPerInch = 1440;
+
+// The key's number as the designer knows keys; 0 for one that it has no number for.
+std::int16_t KeyCodeOf(const QKeyEvent& event)
+{
+    const int key = event.key();
+    const bool letterOrDigit = (key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9);
+    if (letterOrDigit || key == Qt::Key_Space)
+        return static_cast<std::int16_t>(key);
+    if (key >= Qt::Key_F1 && key <= Qt::Key_F24)
+        return static_cast<std::int16_t>(112 + key - Qt::Key_F1);
+    static const std::map<int, std::int16_t> codes = {
+        {Qt::Key_Backspace, 8}, {Qt::Key_Tab, 9},      {Qt::Key_Backtab, 9}, {Qt::Key_Return, 13}, {Qt::Key_Enter, 13},
+        {Qt::Key_Shift, 16},    {Qt::Key_Control, 17}, {Qt::Key_Alt, 18},    {Qt::Key_Escape, 27}, {Qt::Key_PageUp, 33},
+        {Qt::Key_PageDown, 34}, {Qt::Key_End, 35},     {Qt::Key_Home, 36},   {Qt::Key_Left, 37},   {Qt::Key_Up, 38},
+        {Qt::Key_Right, 39},    {Qt::Key_Down, 40},    {Qt::Key_Insert, 45}, {Qt::Key_Delete, 46}};
+    const auto code = codes.find(key);
+    return code == codes.end() ? std::int16_t{0} : code->second;
+}
+
+std::int16_t ShiftOf(const QKeyEvent& event)
+{
+    const Qt::KeyboardModifiers modifiers = event.modifiers();
+    int shift = 0;
+    if ((modifiers & Qt::ShiftModifier) != 0 || event.key() == Qt::Key_Backtab)
+        shift |= 1;
+    if ((modifiers & Qt::ControlModifier) != 0)
+        shift |= 2;
+    if ((modifiers & Qt::AltModifier) != 0)
+        shift |= 4;
+    return static_cast<std::int16_t>(shift);
+}
+
+bool IsInside(const QWidget* widget, const QWidget& root)
+{
+    return widget != nullptr && (widget == &root || root.isAncestorOf(widget));
+}
+
+} // namespace
+
+ViewSurface::ViewSurface(ViewTree& tree, QWidget& root) : tree_(tree), root_(root)
+{
+    for (View* view : tree.Views()) {
+        QWidget& parent = view->Parent() == nullptr ? root : Of(*view->Parent()).Pane();
+        widgets_.emplace(view, MakeViewWidget(*this, *view, parent));
+    }
+    tree.ViewsChanged = [this] {
+        if (acting_ == 0)
+            QMetaObject::invokeMethod(this, &ViewSurface::Sync, Qt::QueuedConnection);
+    };
+    connect(qApp, &QApplication::focusChanged, this, &ViewSurface::OnFocusChanged);
+    SyncAll();
+}
+
+ViewSurface::~ViewSurface()
+{
+    tree_.ViewsChanged = nullptr;
+    qApp->disconnect(this);
+    // Children before their parents, which own them too.
+    for (auto view = tree_.Views().rbegin(); view != tree_.Views().rend(); ++view)
+        widgets_.erase(*view);
+}
+
+ViewWidget& ViewSurface::Of(const View& view) const { return *widgets_.at(&view); }
+
+QWidget& ViewSurface::WidgetOf(const View& view) const { return Of(view).Widget(); }
+
+int ViewSurface::Pixels(int twips) const { return qRound(twips * root_.logicalDpiX() / double(TwipsPerInch)); }
+
+int ViewSurface::Twips(int pixels) const { return qRound(pixels * double(TwipsPerInch) / root_.logicalDpiX()); }
+
+void ViewSurface::Act(const std::function<void()>& action)
+{
+    std::optional<Failure> raised;
+    {
+        const QScopedValueRollback<int> guard(acting_, acting_ + 1);
+        try {
+            action();
+        } catch (const Failure& failure) {
+            raised = failure;
+        }
+    }
+    Sync();
+    if (raised && OnFailure)
+        OnFailure(*raised);
+    if (acting_ == 0 && OnActed)
+        OnActed();
+}
+
+void ViewSurface::Sync()
+{
+    for (View* view : tree_.TakeChanged())
+        Of(*view).Sync();
+    FollowFocus();
+}
+
+void ViewSurface::SyncAll()
+{
+    static_cast<void>(tree_.TakeChanged());
+    for (View* view : tree_.Views())
+        Of(*view).Sync();
+    FollowFocus();
+}
+
+void ViewSurface::FollowFocus()
+{
+    const QScopedValueRollback<bool> guard(following_, true);
+    QWidget* holder = root_.window()->focusWidget();
+    View* focused = tree_.Focused();
+    if (focused != nullptr && focused->CanBeReached()) {
+        QWidget& widget = WidgetOf(*focused);
+        if (holder != &widget)
+            widget.setFocus(Qt::OtherFocusReason);
+    } else if (focused == nullptr && IsInside(holder, root_) && holder != &root_) {
+        root_.setFocus(Qt::OtherFocusReason);
+    }
+}
+
+// The focus that goes to another widget of the window has left the form; one that goes to a menu or with the window's
+// activation has not.
+void ViewSurface::OnFocusChanged(QWidget* old, QWidget* now)
+{
+    const bool left = IsInside(old, root_) && now != nullptr && !IsInside(now, root_) &&
+                      now->window() == root_.window() && qobject_cast<QMenuBar*>(now) == nullptr &&
+                      qobject_cast<QMenu*>(now) == nullptr;
+    if (left && !following_ && acting_ == 0)
+        Act([this] { tree_.UserLeaves(); });
+}
+
+bool ViewSurface::PressKey(View& view, QKeyEvent& event)
+{
+    const std::int16_t code = KeyCodeOf(event);
+    if (code == 0)
+        return false;
+    bool cancelled = false;
+    Act([&] { cancelled = tree_.UserPressesKey(view, code, ShiftOf(event)); });
+    return cancelled || !view.HasFocus();
+}
+
+bool ViewSurface::FocusFor(View& view)
+{
+    Act([&] { tree_.MoveFocus(view); });
+    return view.HasFocus();
+}
+
+bool ViewSurface::MoveFocusByTab(bool ahead)
+{
+    std::vector<View*> order;
+    std::copy_if(tree_.Views().begin(), tree_.Views().end(), std::back_inserter(order),
+                 [](const View* view) { return view->TakesFocus() && view->CanBeReached(); });
+    if (!ahead)
+        std::reverse(order.begin(), order.end());
+    auto next = std::find(order.begin(), order.end(), tree_.Focused());
+    next = next == order.end() ? order.begin() : next + 1;
+    if (next == order.end())
+        return false;
+    FocusFor(**next);
+    return true;
+}
+
+} // namespace rulemesh
