@@ -1,6 +1,7 @@
 #include "base/numbers.h"
 
 #include <algorithm>
+#include <charconv>
 #include <locale>
 #include <sstream>
 #include <string>
@@ -48,12 +49,15 @@ std::size_t NumericLength(TextView text) noexcept
     return end;
 }
 
-// The classic locale keeps "." the decimal point whatever locale the host has set.
+// Neither way asks the host's locale, so "." stays the decimal point.
 double ValueOf(TextView number)
 {
-    std::istringstream stream(std::string(number.begin(), number.end()));
-    stream.imbue(std::locale::classic());
+    const std::string text(number.begin() + (number.front() == u'+' ? 1 : 0), number.end());
     double value = 0.0;
+    if (std::from_chars(text.data(), text.data() + text.size(), value).ec == std::errc())
+        return value;
+    std::istringstream stream(text);
+    stream.imbue(std::locale::classic());
     stream >> value; // past the range of a double this is its largest value
     return value;
 }

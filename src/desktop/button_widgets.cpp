@@ -76,6 +76,7 @@ void LabelWidget::Sync()
     QFont font = widget_->parentWidget()->font();
     font.setBold(label_.Type().Bold);
     widget_->setFont(font);
+    widget_->resize(widget_->size().expandedTo({widget_->sizeHint().width(), 0})); // no caption is cut
     if (widget_->buddy() != nullptr)
         return;
     const std::vector<View*>& views = Surface().Tree().Views();

@@ -116,7 +116,10 @@ ListWidget::ListWidget(ViewSurface& surface, ListView& list, QWidget& parent)
     widget_->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     widget_->setTabKeyNavigation(false);
     QHeaderView& header = *widget_->header();
-    header.setStretchLastSection(list.Columns().size() == 1);
+    const bool oneColumn = list.Columns().size() == 1;
+    header.setStretchLastSection(oneColumn);
+    if (oneColumn)
+        widget_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     header.setMinimumSectionSize(0);
     header.setSectionsMovable(false);
     header.setSectionsClickable(list.Columns().size() > 1);
@@ -138,7 +141,8 @@ void ListWidget::Sync()
             continue; // the user's own width stays
         columnWidths_[column] = columns[column].Width;
         widget_->header()->setSectionHidden(section, columns[column].Width == 0);
-        widget_->header()->resizeSection(section, Surface().Pixels(columns[column].Width));
+        if (columns.size() > 1)
+            widget_->header()->resizeSection(section, Surface().Pixels(columns[column].Width));
     }
     if (list_.Sorted() && columns.size() > 1) {
         const bool ascending = list_.SortOrder() == ListView::Order::Ascending;

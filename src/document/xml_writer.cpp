@@ -231,8 +231,6 @@ void Writer::WrittenText(const Details& details)
 bool Writer::ReadsAsLoaded(NodeIndex node, const Details& details) const
 {
     const std::string loaded = LoadedText(store_, node);
-    if (details.returns == CarriageReturns::Kept)
-        return TrimSpace(details.written) == TrimSpace(loaded);
     return FoldLineEnds(TrimSpace(details.written)) == FoldLineEnds(TrimSpace(loaded));
 }
 
