@@ -191,9 +191,8 @@ void Writer::Attribute(const AttributeList::Attribute& attribute)
     const bool isLoaded = attribute.whole.end != 0;
     const std::string_view loaded = store_.Loaded();
     if (!attribute.written ||
-        (isLoaded &&
-         FoldLineEnds(*attribute.written) ==
-             FoldLineEnds(AttributeValue(loaded.substr(attribute.value.start, attribute.value.Length()))))) {
+        (isLoaded && FoldLineEnds(*attribute.written) == FoldLineEnds(AttributeValue(loaded.substr(
+                                                             attribute.value.start, attribute.value.Length()))))) {
         Loaded(attribute.whole);
         return;
     }
