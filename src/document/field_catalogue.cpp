@@ -1,5 +1,7 @@
 #include "document/field_catalogue.h"
 
+#include <algorithm>
+#include <array>
 #include <utility>
 #include <vector>
 
@@ -10,6 +12,31 @@
 namespace rulemesh {
 
 namespace {
+
+// What stands in the length column of a type.
+enum class LengthText { Digits, Decimals, Characters, Constant };
+
+struct FieldType {
+    TextView Letter;
+    TextView Word;
+    LengthText Length;
+    TextView Constant = {};
+};
+
+constexpr std::array<FieldType, 12> FieldTypes = {{
+    {u"B", u"Byte", LengthText::Digits},
+    {u"I", u"Integer", LengthText::Digits},
+    {u"L", u"Long", LengthText::Digits},
+    {u"F", u"Float", LengthText::Decimals},
+    {u"D", u"Double", LengthText::Decimals},
+    {u"S", u"String", LengthText::Characters},
+    {u"M", u"Multi-Byte String", LengthText::Characters},
+    {u"E", u"Enumerated", LengthText::Characters},
+    {u"P", u"Set", LengthText::Characters},
+    {u"T", u"Date", LengthText::Constant, u"10"},
+    {u"K", u"UTC", LengthText::Constant, u"15"},
+    {u"U", u"Text", LengthText::Constant, u""},
+}};
 
 // Filled with zeros so that a sort by text is a sort by number up to 999. The test is on the number, the filling on
 // the text: "9.5" gives "09.5".
@@ -87,52 +114,26 @@ void FillTargetFields(ListView& list, XmlNode table)
 
 Text DecodeFieldType(XmlNode field, Text& StrLength)
 {
-    const Text StrType = GetAttribute(field, u"TYPE");
-    if (StrType.size() != 1)
+    const Text StrLetter = GetAttribute(field, u"TYPE");
+    const auto type = std::find_if(FieldTypes.begin(), FieldTypes.end(),
+                                   [&](const FieldType& known) { return StrLetter == known.Letter; });
+    if (type == FieldTypes.end())
         return {};
-    const auto whole = [&] { return GetAttribute(field, u"DIGB"); };
-    const auto decimals = [&] { return GetAttribute(field, u"DIGB") + u"," + GetAttribute(field, u"DIGA"); };
-    const auto characters = [&] { return GetAttribute(field, u"LENG"); };
-    switch (StrType.front()) {
-    case u'B':
-        StrLength = whole();
-        return u"Byte";
-    case u'I':
-        StrLength = whole();
-        return u"Integer";
-    case u'L':
-        StrLength = whole();
-        return u"Long";
-    case u'F':
-        StrLength = decimals();
-        return u"Float";
-    case u'D':
-        StrLength = decimals();
-        return u"Double";
-    case u'S':
-        StrLength = characters();
-        return u"String";
-    case u'M':
-        StrLength = characters();
-        return u"Multi-Byte String";
-    case u'E':
-        StrLength = characters();
-        return u"Enumerated";
-    case u'P':
-        StrLength = characters();
-        return u"Set";
-    case u'T':
-        StrLength = u"10";
-        return u"Date";
-    case u'K':
-        StrLength = u"15";
-        return u"UTC";
-    case u'U':
-        StrLength.clear();
-        return u"Text";
-    default:
-        return {};
+    switch (type->Length) {
+    case LengthText::Digits:
+        StrLength = GetAttribute(field, u"DIGB");
+        break;
+    case LengthText::Decimals:
+        StrLength = GetAttribute(field, u"DIGB") + u"," + GetAttribute(field, u"DIGA");
+        break;
+    case LengthText::Characters:
+        StrLength = GetAttribute(field, u"LENG");
+        break;
+    case LengthText::Constant:
+        StrLength = type->Constant;
+        break;
     }
+    return Text(type->Word);
 }
 
 } // namespace rulemesh

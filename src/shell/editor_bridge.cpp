@@ -6,9 +6,24 @@
 
 namespace rulemesh {
 
-Text EditorBridge::PathOf(TextView StrEnding) const
+void EditorBridge::MakeTrip(Button& button, TextView StrEnding, const Text& StrText, TakesBack takesBack,
+                            const Store& store)
 {
-    return platform_.Files().Folder() + state_.StrTargetTable + Text(StrEnding);
+    const Text StrPath = LeaveForEditor(button, StrEnding, StrText);
+    const bool edited = RunEditor(StrPath) == 0;
+    if (edited && (takesBack == TakesBack::Always || state_.BoolEdit))
+        store(ReadTextFile(platform_.Files(), StrPath));
+    button.Enabled(true);
+}
+
+Text EditorBridge::LeaveForEditor(Button& button, TextView StrEnding, const Text& StrText)
+{
+    TextFiles& files = platform_.Files();
+    Text StrPath = files.Folder() + state_.StrTargetTable + Text(StrEnding);
+    RequireEncodable(files, StrText);
+    button.Enabled(false);
+    WriteTextFile(files, StrPath, StrText);
+    return StrPath;
 }
 
 // When the run fails BoolEditorOpen stays set, and the caller can't tell it from a clean exit: it reads back the text
@@ -31,40 +46,27 @@ std::int16_t EditorBridge::RunEditor(const Text& StrPath)
 void EditorBridge::CmdEditRule_Click()
 {
     Grid& grid = views_.RulesGrid;
-    const Text StrPath = PathOf(u"Rule.bc");
-    RequireEncodable(platform_.Files(), grid.TextMatrix(grid.Row(), 1));
-    views_.CmdEditRule.Enabled(false);
-    WriteTextFile(platform_.Files(), StrPath, grid.TextMatrix(grid.Row(), 1));
-    if (RunEditor(StrPath) == 0)
-        grid.TextMatrix(grid.Row(), 1, ReadTextFile(platform_.Files(), StrPath));
-    views_.CmdEditRule.Enabled(true);
+    MakeTrip(views_.CmdEditRule, u"Rule.bc", grid.TextMatrix(grid.Row(), 1), TakesBack::Always,
+             [&](const Text& StrRule) { grid.TextMatrix(grid.Row(), 1, StrRule); });
     grid.SetFocus();
 }
 
 void EditorBridge::CmdMqEditor_Click()
 {
-    const Text StrPath = PathOf(u"MQ.bc");
-    RequireEncodable(platform_.Files(), views_.txtMainQuery.Text());
-    views_.CmdMqEditor.Enabled(false);
-    WriteTextFile(platform_.Files(), StrPath, views_.txtMainQuery.Text());
-    if (RunEditor(StrPath) == 0 && state_.BoolEdit) {
-        views_.txtMainQuery.Text(ReadTextFile(platform_.Files(), StrPath));
-        queries_.SaveMainQuery();
-    }
-    views_.CmdMqEditor.Enabled(true);
+    MakeTrip(views_.CmdMqEditor, u"MQ.bc", views_.txtMainQuery.Text(), TakesBack::WhenEditable,
+             [&](const Text& StrScript) {
+                 views_.txtMainQuery.Text(StrScript);
+                 queries_.SaveMainQuery();
+             });
 }
 
 void EditorBridge::CmdPreEditor_Click()
 {
-    const Text StrPath = PathOf(u"Pre.bc");
-    RequireEncodable(platform_.Files(), views_.txtPreCondition.Text());
-    views_.CmdPreEditor.Enabled(false);
-    WriteTextFile(platform_.Files(), StrPath, views_.txtPreCondition.Text());
-    if (RunEditor(StrPath) == 0 && state_.BoolEdit) {
-        views_.txtPreCondition.Text(ReadTextFile(platform_.Files(), StrPath));
-        preConditions_.SavePreCondition();
-    }
-    views_.CmdPreEditor.Enabled(true);
+    MakeTrip(views_.CmdPreEditor, u"Pre.bc", views_.txtPreCondition.Text(), TakesBack::WhenEditable,
+             [&](const Text& StrScript) {
+                 views_.txtPreCondition.Text(StrScript);
+                 preConditions_.SavePreCondition();
+             });
     views_.txtPreCondition.SetFocus();
 }
 
@@ -73,29 +75,22 @@ void EditorBridge::CmdFuncEditor_Click()
 {
     const bool editsFunctions = views_.lblPreCondition.Caption() == u"Functions";
     SyntaxBox& box = editsFunctions ? views_.txtFunctions : views_.txtVariables;
-    const Text StrPath = PathOf(editsFunctions ? u"func.bc" : u"var.bc");
-    RequireEncodable(platform_.Files(), box.Text());
-    views_.CmdFuncEditor.Enabled(false);
-    WriteTextFile(platform_.Files(), StrPath, box.Text());
-    if (RunEditor(StrPath) == 0)
-        box.Text(ReadTextFile(platform_.Files(), StrPath));
-    views_.CmdFuncEditor.Enabled(true);
+    MakeTrip(views_.CmdFuncEditor, editsFunctions ? u"func.bc" : u"var.bc", box.Text(), TakesBack::Always,
+             [&](const Text& StrText) { box.Text(StrText); });
     box.SetFocus();
 }
 
 // The list is cleared before the editor starts; only a clean exit fills it again.
 void EditorBridge::cmdSrcEdit_Click()
 {
-    const Text StrPath = PathOf(u"Src.lst");
+    ListView& list = views_.lstSourceTables;
     Text StrTables;
-    for (int row = 1; row <= views_.lstSourceTables.Count(); ++row)
-        StrTables.append(u",").append(views_.lstSourceTables.TextAt(row, 0));
+    for (int row = 1; row <= list.Count(); ++row)
+        StrTables.append(u",").append(list.TextAt(row, 0));
     if (!StrTables.empty())
         StrTables.erase(0, 1);
-    RequireEncodable(platform_.Files(), StrTables);
-    views_.cmdSrcEdit.Enabled(false);
-    WriteTextFile(platform_.Files(), StrPath, StrTables);
-    views_.lstSourceTables.Clear();
+    const Text StrPath = LeaveForEditor(views_.cmdSrcEdit, u"Src.lst", StrTables);
+    list.Clear();
     if (RunEditor(StrPath) == 0)
         sourceTables_.SourceTables(ReadTextFile(platform_.Files(), StrPath));
     views_.cmdSrcEdit.Enabled(true);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "script/precondition.h"
 
 namespace rulemesh {
@@ -22,7 +24,16 @@ public:
     void cmdSrcEdit_Click();
 
 private:
-    [[nodiscard]] Text PathOf(TextView StrEnding) const;
+    /// Whether the text that comes back from the editor may be taken over.
+    enum class TakesBack { WhenEditable, Always };
+    using Store = std::function<void(const Text& StrText)>;
+
+    /// One trip of a text: there, and back to where `store` puts it.
+    void MakeTrip(Button& button, TextView StrEnding, const Text& StrText, TakesBack takesBack, const Store& store);
+
+    /// Disables the button and writes the file, whose path is returned. A text that its file can't hold raises
+    /// InvalidProcedureCall before anything is touched.
+    [[nodiscard]] Text LeaveForEditor(Button& button, TextView StrEnding, const Text& StrText);
 
     /// The editor's exit status; 0 too, behind a message, when it can't be run.
     [[nodiscard]] std::int16_t RunEditor(const Text& StrPath);
