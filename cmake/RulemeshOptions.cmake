@@ -7,7 +7,9 @@ target_compile_options(rulemesh_options INTERFACE
     # Clang counts changes of sign as conversions, g++ does not; one rule for both.
     $<$<CXX_COMPILER_ID:Clang>:-Wno-sign-conversion>
     # g++ 12 takes `"x" + std::string` for overlapping copies when it optimises (its bug 105651).
-    $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
+    # The libraries are position independent; nobody replaces their functions at load, as g++ would provide for.
+    $<$<CXX_COMPILER_ID:GNU>:-fno-semantic-interposition>)
 
 if(RULEMESH_WERROR)
     target_compile_options(rulemesh_options INTERFACE -Werror)

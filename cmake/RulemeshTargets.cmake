@@ -21,9 +21,13 @@ function(rulemesh_add_layer layer)
     add_library(rulemesh_${layer} STATIC ${arg_SOURCES})
     add_library(rulemesh::${layer} ALIAS rulemesh_${layer})
     target_compile_features(rulemesh_${layer} PUBLIC cxx_std_20)
-    target_include_directories(rulemesh_${layer} PUBLIC "${root}")
+    target_include_directories(rulemesh_${layer} PUBLIC
+        "$<BUILD_INTERFACE:${root}>"
+        "$<INSTALL_INTERFACE:${RULEMESH_INSTALL_INCLUDEDIR}>")
+    # A host may put the control into a shared library or a plugin, as our own for Qt Designer does.
+    set_target_properties(rulemesh_${layer} PROPERTIES POSITION_INDEPENDENT_CODE ON)
     list(TRANSFORM arg_BELOW PREPEND rulemesh_)
-    target_link_libraries(rulemesh_${layer} PUBLIC ${arg_BELOW} PRIVATE rulemesh_options)
+    target_link_libraries(rulemesh_${layer} PUBLIC ${arg_BELOW} PRIVATE $<BUILD_INTERFACE:rulemesh_options>)
 endfunction()
 
 # A test program that ctest and `./test` run. It leaves its counts in <build>/results for `./test` to add up.
