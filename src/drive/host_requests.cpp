@@ -130,7 +130,11 @@ void CheckEventReply(const Request& request)
     if (!let.is_object())
         throw Refusal("\"let\" must be an object");
     static_cast<void>(Named(Setters(), Request(let)));
-    static_cast<void>(Request(let).Member("value"));
+    const std::string property = Request(let).Word("name");
+    if (property == "Edit" || property == "Syntax_Highlight")
+        static_cast<void>(Request(let).Flag("value"));
+    else
+        static_cast<void>(Request(let).TextMember("value"));
 }
 
 void CheckReply(const std::string& kind, const Request& request)

@@ -15,9 +15,12 @@ constexpr std::uint32_t FirstLowSurrogate = 0xDC00;
 constexpr std::uint32_t LastSurrogate = 0xDFFF;
 constexpr std::size_t EscapeLength = 6; // \uXXXX
 
-// A lone surrogate U+D800..U+DFFF stands as U+10F800..U+10FFFF, in UTF-16 the high surrogate U+DBFE or U+DBFF with a
-// low one.
-constexpr std::uint32_t StandIn = 0x10F800;
+// A lone surrogate stands as the mark U+10FFFF and a character of the private-use area; a mark of the line's own is
+// doubled.
+constexpr std::string_view MarkBytes = "\xF4\x8F\xBF\xBF";
+constexpr TextView Mark = u"\U0010FFFF";
+constexpr std::uint32_t FirstStandIn = 0xE000;
+constexpr std::uint32_t LastStandIn = FirstStandIn + LastSurrogate - FirstSurrogate;
 
 std::optional<std::uint32_t> EscapedUnit(std::string_view line, std::size_t at)
 {
@@ -41,24 +44,30 @@ std::string EscapeOf(std::uint32_t unit)
     return escape;
 }
 
-// The line with each escaped lone surrogate replaced by the escaped pair of its stand-in.
-std::string WithStandIns(const std::string& line)
+// The line with each escaped lone surrogate replaced by its stand-in.
+std::string WithStandIns(std::string_view line)
 {
     std::string result;
     for (std::size_t at = 0; at < line.size();) {
         const std::optional<std::uint32_t> unit = EscapedUnit(line, at);
-        if (IsHigh(unit) && IsLow(EscapedUnit(line, at + EscapeLength))) {
-            result.append(line, at, 2 * EscapeLength);
-            at += 2 * EscapeLength;
+        const std::optional<std::uint32_t> next = EscapedUnit(line, at + EscapeLength);
+        std::size_t length = 1;
+        if (line.substr(at, MarkBytes.size()) == MarkBytes) {
+            length = MarkBytes.size();
+            result += MarkBytes;
+        } else if (IsHigh(unit) && IsLow(next)) {
+            length = 2 * EscapeLength;
+            if (*unit == Mark[0] && *next == Mark[1])
+                result += MarkBytes;
         } else if (IsHigh(unit) || IsLow(unit)) {
-            const std::uint32_t offset = StandIn + (*unit - FirstSurrogate) - 0x10000;
-            result += EscapeOf(FirstSurrogate + (offset >> 10)) + EscapeOf(FirstLowSurrogate + (offset & 0x3FF));
+            result.append(MarkBytes).append(EscapeOf(FirstStandIn + *unit - FirstSurrogate));
             at += EscapeLength;
-        } else {
-            const std::size_t length = line[at] == '\\' ? 2 : 1; // an escaped backslash begins no escape
-            result.append(line, at, length);
-            at += length;
+            continue;
+        } else if (line[at] == '\\') {
+            length = 2; // an escaped backslash begins no escape
         }
+        result += line.substr(at, length);
+        at += length;
     }
     return result;
 }
@@ -67,7 +76,8 @@ std::string WithStandIns(const std::string& line)
 
 Json ParseLine(const std::string& line)
 {
-    return Json::parse(line.find("\\u") == std::string::npos ? line : WithStandIns(line), nullptr, false);
+    const bool plain = line.find("\\u") == std::string::npos && line.find(MarkBytes) == std::string::npos;
+    return Json::parse(plain ? line : WithStandIns(line), nullptr, false);
 }
 
 Text TextOf(const Json& string)
@@ -76,14 +86,17 @@ Text TextOf(const Json& string)
     Text result;
     result.reserve(text.size());
     for (std::size_t at = 0; at < text.size(); ++at) {
-        const bool standsIn = (text[at] == 0xDBFE || text[at] == 0xDBFF) && at + 1 < text.size();
-        if (!standsIn) {
+        const TextView rest = TextView(text).substr(at);
+        const char16_t behind = rest.size() > Mark.size() ? rest[Mark.size()] : u' ';
+        if (!rest.starts_with(Mark)) {
             result.push_back(text[at]);
-            continue;
+        } else if (behind >= FirstStandIn && behind <= LastStandIn) {
+            result.push_back(static_cast<char16_t>(behind - FirstStandIn + FirstSurrogate));
+            at += Mark.size();
+        } else {
+            result += Mark;
+            at += rest.substr(Mark.size()).starts_with(Mark) ? 2 * Mark.size() - 1 : Mark.size() - 1;
         }
-        const std::uint32_t point = 0x10000 + ((text[at] - FirstSurrogate) << 10) + (text[at + 1] - FirstLowSurrogate);
-        result.push_back(static_cast<char16_t>(point - StandIn + FirstSurrogate));
-        ++at;
     }
     return result;
 }

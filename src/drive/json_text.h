@@ -12,8 +12,8 @@ namespace rulemesh {
 /// The order of members is kept, so that answers read alike.
 using Json = nlohmann::ordered_json;
 
-/// One line as JSON; a discarded value when it is none. JSON may escape a lone surrogate, which UTF-8 can't carry: it
-/// stands in the result as a character of the last private-use plane, and TextOf gives it back.
+/// One line as JSON; a discarded value when it is none. JSON may escape a lone surrogate, which UTF-8 can't carry:
+/// something else stands for it in the result, and TextOf gives it back.
 [[nodiscard]] Json ParseLine(const std::string& line);
 
 /// The text of a JSON string.

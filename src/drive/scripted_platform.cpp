@@ -76,6 +76,19 @@ void TakeStep(UserHands& hands, ModalForm& form, const Json& step)
     }
 }
 
+// A form that the hands have before them; they let it go however it ends.
+class OpenForm {
+public:
+    OpenForm(UserHands& hands, ModalForm& form) : hands_(hands), form_(form) { hands_.FormOpens(form_); }
+    OpenForm(const OpenForm&) = delete;
+    OpenForm& operator=(const OpenForm&) = delete;
+    ~OpenForm() { hands_.FormClosed(form_); }
+
+private:
+    UserHands& hands_;
+    ModalForm& form_;
+};
+
 Json Described(const ModalForm& form)
 {
     const auto& box = dynamic_cast<const TextBox&>(*form.Tree.Find(u"TxtDoc"));
@@ -160,12 +173,11 @@ void ScriptedPlatform::ShowModal(ModalForm& form)
     Report("form", Described(form));
     const Json reply = NextReply("form");
     const Json steps = reply.is_object() ? reply.at("steps") : Json::array();
-    hands_.FormOpens(form);
+    const OpenForm open(hands_, form);
     for (auto step = steps.begin(); step != steps.end() && form.IsOpen(); ++step)
         TakeStep(hands_, form, *step);
     if (form.IsOpen())
         hands_.Click(dynamic_cast<Button&>(*form.Tree.Find(u"CmdCancel")));
-    hands_.FormClosed(form);
 }
 
 int ScriptedPlatform::RunEditor(const Text& StrEditor, const Text& StrPath)

@@ -1,5 +1,6 @@
 #include "drive/session.h"
 
+#include <algorithm>
 #include <functional>
 #include <map>
 
@@ -18,6 +19,7 @@ public:
     [[nodiscard]] Json Do(const Request& request);
 
     [[nodiscard]] Json TakeHappened() { return platform_.TakeHappened(); }
+    void Settle() { stage_->Settle(); }
 
 private:
     std::unique_ptr<Stage> stage_;
@@ -56,6 +58,14 @@ Json Session::Desk::Do(const Request& request)
 
 namespace {
 
+// A name that the request brought may hold line ends.
+std::string OneLine(std::string reason)
+{
+    std::replace_if(
+        reason.begin(), reason.end(), [](unsigned char character) { return character < ' '; }, ' ');
+    return reason;
+}
+
 // Verbs whose answer has a value even when it is null.
 bool AlwaysHasValue(const Json& request) { return request.value("do", Json()) == "focused"; }
 
@@ -80,10 +90,11 @@ std::string Session::Answer(const std::string& line)
         if (!value.is_null() || AlwaysHasValue(request))
             answer["value"] = std::move(value);
     } catch (const Refusal& refusal) {
-        outcome["refused"] = refusal.what();
+        outcome["refused"] = OneLine(refusal.what());
     } catch (const Failure& failure) {
         outcome["failure"] = {{"number", failure.Number()}, {"text", JsonOf(failure.Description())}};
     }
+    desk_->Settle();
     answer["happened"] = desk_->TakeHappened();
     answer.update(outcome);
     return answer.dump(-1, ' ', false, Json::error_handler_t::replace);

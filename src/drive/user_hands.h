@@ -47,6 +47,9 @@ public:
     virtual void Create(Platform& platform, ControlEvents& events) = 0;
     [[nodiscard]] virtual ctlRulemesh& Control() = 0;
     [[nodiscard]] virtual UserHands& Hands() = 0;
+
+    /// A request has been carried out.
+    virtual void Settle() {}
 };
 
 /// A designer without a window.

@@ -1,7 +1,9 @@
 // Plays the scenarios below the given folders and tells which answers are not as expected.
 //
-//   scenario_player [--jobs N] [--results FILE] FOLDER...
-//   scenario_player --answers FOLDER      prints what is answered to one scenario's requests
+//   scenario_player [--window] [--jobs N] [--results FILE] FOLDER...
+//   scenario_player [--window] --answers FOLDER      prints what is answered to one scenario's requests
+//
+// With --window every designer has a window, and is worked by input events.
 //
 // Some values outlive a control, so that every scenario has a process of its own, as it has with the real program.
 
@@ -23,6 +25,12 @@
 #include "drive/session.h"
 #include "player/scenario.h"
 
+#ifdef RULEMESH_HAS_WINDOW
+#include <QApplication>
+
+#include "window/window_stage.h"
+#endif
+
 namespace rulemesh::player {
 
 namespace {
@@ -42,7 +50,23 @@ struct Arguments {
     std::size_t jobs = std::max(1U, std::thread::hardware_concurrency());
     std::string results;
     bool printAnswers = false;
+    bool window = false;
 };
+
+#ifdef RULEMESH_HAS_WINDOW
+// One designer with the application that it needs.
+class WindowSession {
+public:
+    [[nodiscard]] std::string Answer(const std::string& request) { return session_.Answer(request); }
+
+private:
+    int count_ = 1;
+    char name_[16] = "scenario_player";
+    char* words_[2] = {name_, nullptr};
+    QApplication application_{count_, words_};
+    Session session_{std::make_unique<WindowStage>()};
+};
+#endif
 
 void Send(int pipe, std::string_view text)
 {
@@ -54,21 +78,33 @@ void Send(int pipe, std::string_view text)
     }
 }
 
-std::string PlayFolder(const std::filesystem::path& folder, int progress)
+// Runs a task with a session of the kind that is asked for.
+template <typename Task> auto WithSession([[maybe_unused]] bool window, Task task)
+{
+#ifdef RULEMESH_HAS_WINDOW
+    if (window) {
+        WindowSession session;
+        return task([&](const std::string& request) { return session.Answer(request); });
+    }
+#endif
+    Session session;
+    return task([&](const std::string& request) { return session.Answer(request); });
+}
+
+std::string PlayFolder(const std::filesystem::path& folder, bool window, int progress)
 {
     try {
-        Session session;
-        return Play(
-            LoadScenario(folder), [&](const std::string& request) { return session.Answer(request); },
-            [&] {
+        return WithSession(window, [&](const Answerer& answer) {
+            return Play(LoadScenario(folder), answer, [&] {
                 Send(progress, {&Answered, 1});
             });
+        });
     } catch (const std::exception& error) {
         return std::string("can't be played: ") + error.what();
     }
 }
 
-Running Start(const std::filesystem::path& folder)
+Running Start(const std::filesystem::path& folder, bool window)
 {
     int ends[2];
     if (pipe(ends) != 0)
@@ -79,7 +115,7 @@ Running Start(const std::filesystem::path& folder)
         throw std::runtime_error("no process");
     if (process == 0) {
         close(ends[0]);
-        Send(ends[1], PlayFolder(folder, ends[1]));
+        Send(ends[1], PlayFolder(folder, window, ends[1]));
         close(ends[1]);
         std::exit(0); // not _exit: leaks and coverage are told at a process's regular end
     }
@@ -113,14 +149,14 @@ bool Receive(Running& running)
 }
 
 // Plays all, some at a time, and returns the number of those that failed.
-std::size_t PlayAll(const std::vector<std::filesystem::path>& folders, std::size_t jobs)
+std::size_t PlayAll(const std::vector<std::filesystem::path>& folders, const Arguments& arguments)
 {
     std::size_t failed = 0;
     std::size_t next = 0;
     std::vector<Running> running;
     while (next < folders.size() || !running.empty()) {
-        while (running.size() < jobs && next < folders.size())
-            running.push_back(Start(folders[next++]));
+        while (running.size() < arguments.jobs && next < folders.size())
+            running.push_back(Start(folders[next++], arguments.window));
         std::vector<pollfd> ready;
         for (const Running& one : running)
             ready.push_back({one.pipe, POLLIN, 0});
@@ -138,12 +174,13 @@ std::size_t PlayAll(const std::vector<std::filesystem::path>& folders, std::size
     return failed;
 }
 
-int PrintAnswers(const std::filesystem::path& folder)
+int PrintAnswers(const std::filesystem::path& folder, bool window)
 {
-    Session session;
-    for (const Line& request : LoadRequests(folder))
-        std::cout << session.Answer(request.text) << '\n';
-    return 0;
+    return WithSession(window, [&](const Answerer& answer) {
+        for (const Line& request : LoadRequests(folder))
+            std::cout << answer(request.text) << '\n';
+        return 0;
+    });
 }
 
 Arguments Parsed(const std::vector<std::string>& words)
@@ -153,6 +190,10 @@ Arguments Parsed(const std::vector<std::string>& words)
         const bool hasValue = at + 1 < words.size();
         if (words[at] == "--answers")
             arguments.printAnswers = true;
+#ifdef RULEMESH_HAS_WINDOW
+        else if (words[at] == "--window")
+            arguments.window = true;
+#endif
         else if (words[at] == "--jobs" && hasValue)
             arguments.jobs = std::max(1UL, std::stoul(words[++at]));
         else if (words[at] == "--results" && hasValue)
@@ -168,13 +209,13 @@ Arguments Parsed(const std::vector<std::string>& words)
 int Run(const Arguments& arguments)
 {
     if (arguments.printAnswers)
-        return PrintAnswers(arguments.folders.front());
+        return PrintAnswers(arguments.folders.front(), arguments.window);
 
     std::vector<std::filesystem::path> scenarios;
     for (const std::filesystem::path& folder : arguments.folders)
         for (std::filesystem::path& scenario : FindScenarios(folder))
             scenarios.push_back(std::move(scenario));
-    const std::size_t failed = PlayAll(scenarios, arguments.jobs);
+    const std::size_t failed = PlayAll(scenarios, arguments);
     std::cout << scenarios.size() - failed << " scenarios passed, " << failed << " failed\n";
     // In the form that the other test programs leave behind.
     if (!arguments.results.empty())
