@@ -1,0 +1,69 @@
+#include "host/application.h"
+
+#include <exception>
+
+#include <QApplication>
+#include <QIcon>
+#include <QTimer>
+
+#include "host/host_boxes.h"
+#include "host/main_window.h"
+#include "host/settings.h"
+
+// The pictures stand in a static library, from which they must be asked for; the macro wants to stand in no namespace.
+static void TakeInPictures() { Q_INIT_RESOURCE(rulemesh_host); }
+
+namespace rulemesh {
+
+namespace {
+
+// Nothing that goes wrong in an event may end the program: the user's work would go with it.
+class HostApplication : public QApplication {
+public:
+    using QApplication::QApplication;
+
+    bool notify(QObject* receiver, QEvent* event) override
+    {
+        try {
+            return QApplication::notify(receiver, event);
+        } catch (const std::exception& error) {
+            TellProblem(activeWindow(), QStringLiteral("This could not be done."), QString::fromUtf8(error.what()));
+            return true;
+        }
+    }
+};
+
+QIcon Icon()
+{
+    QIcon icon;
+    for (const int size : {16, 32, 48, 128})
+        icon.addFile(QStringLiteral(":/rulemesh/%1.png").arg(size));
+    return icon;
+}
+
+} // namespace
+
+int RunApplication(int& argc, char** argv, const std::optional<QString>& file)
+{
+    HostApplication application(argc, argv);
+    TakeInPictures();
+    QApplication::setApplicationName(QStringLiteral("rulemesh"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Rulemesh"));
+    QApplication::setApplicationVersion(QStringLiteral(RULEMESH_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("org.rulemesh.Rulemesh"));
+    QApplication::setWindowIcon(Icon());
+
+    Settings settings;
+    DraftStore drafts(DraftStore::DefaultFolder());
+    MainWindow window(settings, drafts);
+    window.show();
+    QTimer::singleShot(0, &window, [&] {
+        if (!file)
+            return window.OfferDrafts();
+        window.OpenFile(*file);
+        window.MentionDrafts();
+    });
+    return QApplication::exec();
+}
+
+} // namespace rulemesh

@@ -1,0 +1,238 @@
+#include "host/main_window.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QDir>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+#include "desktop/view_surface.h"
+#include "host/host_desk.h"
+
+namespace rulemesh {
+namespace {
+
+using MainWindowTest = HostDesk;
+
+constexpr TextView Typed = u"migrate custs001 | customers of today\r\n";
+
+std::string With(std::string text, const std::string& old, const std::string& replacement)
+{
+    return text.replace(text.find(old), old.size(), replacement);
+}
+
+TEST_F(MainWindowTest, ShowsAnObjectThatWasOpenedWithoutChanges)
+{
+    window->OpenFile(File("object.xml"));
+    ASSERT_NE(window->Object(), nullptr);
+    EXPECT_EQ(Views().txtPreCondition.Text(), u"migrate custs001 | customers");
+    EXPECT_FALSE(window->Object()->HasChanges());
+    EXPECT_TRUE(window->windowTitle().contains(QStringLiteral("object.xml")));
+    EXPECT_TRUE(Action(QStringLiteral("&Save"))->isEnabled());
+}
+
+TEST_F(MainWindowTest, SavesAnEditWithWhatStoodBeforeTheRoot)
+{
+    window->OpenFile(File("object.xml"));
+    Views().txtPreCondition.UserTypes(Text(Typed));
+    EXPECT_TRUE(window->Object()->HasChanges());
+    EXPECT_TRUE(window->Save());
+    EXPECT_FALSE(window->Object()->HasChanges());
+    EXPECT_EQ(OnDisk(), Lead + With(SmallObject, "customers\n", "customers of today\n"));
+}
+
+TEST_F(MainWindowTest, MarksTheTitleWhenSomethingWasTyped)
+{
+    window->OpenFile(File("object.xml"));
+    EXPECT_FALSE(window->isWindowModified());
+    Designer().PreCondition(QString::fromUtf16(Typed.data(), static_cast<qsizetype>(Typed.size())));
+    EXPECT_TRUE(WaitFor([this] { return window->isWindowModified(); }));
+}
+
+TEST_F(MainWindowTest, SavesACellThatIsStillOpen)
+{
+    window->OpenFile(File("object.xml"));
+    Views().MainTab.UserClicksTab(1);
+    Views().RulesGrid.UserClicksCell(1, 1, Grid::Clicks::Double);
+    Views().txtgrdline.UserTypes(u"upper(custs001.name)");
+    EXPECT_TRUE(window->Save());
+    EXPECT_NE(OnDisk().find("<NAME TEXT=\"\" TYPE=\"0\">upper(custs001.name)</NAME>"), std::string::npos);
+}
+
+TEST_F(MainWindowTest, AsksBeforeItLetsChangesGo)
+{
+    window->OpenFile(File("object.xml"));
+    EXPECT_TRUE(window->MayLetGo()); // nothing to ask
+
+    Views().txtPreCondition.UserTypes(Text(Typed));
+    {
+        ModalAnswer cancel(Press(QMessageBox::Cancel));
+        EXPECT_FALSE(window->close());
+        EXPECT_TRUE(cancel.WasAsked());
+    }
+    ModalAnswer discard(Press(QMessageBox::Discard));
+    EXPECT_TRUE(window->close());
+    EXPECT_TRUE(discard.WasAsked());
+    EXPECT_EQ(OnDisk(), Lead + SmallObject);
+    EXPECT_TRUE(QDir(File("drafts")).entryList({QStringLiteral("*.draft.xml")}).isEmpty());
+}
+
+TEST_F(MainWindowTest, SavesWhenThatIsTheAnswer)
+{
+    window->OpenFile(File("object.xml"));
+    Views().txtPreCondition.UserTypes(Text(Typed));
+    ModalAnswer save(Press(QMessageBox::Save));
+    EXPECT_TRUE(window->close());
+    EXPECT_NE(OnDisk().find("customers of today"), std::string::npos);
+}
+
+TEST_F(MainWindowTest, WritesNothingWhenTheSaveFails)
+{
+    window->OpenFile(File("object.xml"));
+    Views().txtMainQuery.UserTypes(u"dump 40000 | past every number\r\n");
+    ModalAnswer box(Press(QMessageBox::Ok));
+    EXPECT_FALSE(window->Save());
+    EXPECT_TRUE(box.WasAsked());
+    EXPECT_EQ(OnDisk(), Lead + SmallObject);
+    EXPECT_EQ(Views().txtMainQuery.Text(), u"dump 40000 | past every number\r\n");
+}
+
+TEST_F(MainWindowTest, TellsAFileThatCanNotBeWrittenAndKeepsTheChanges)
+{
+    window->OpenFile(File("object.xml"));
+    Views().txtPreCondition.UserTypes(Text(Typed));
+    ModalAnswer box(Press(QMessageBox::Ok));
+    EXPECT_FALSE(window->SaveTo(File("nowhere/object.xml")));
+    EXPECT_TRUE(box.WasAsked());
+    EXPECT_TRUE(window->Object()->HasChanges());
+    EXPECT_EQ(window->Path(), File("object.xml"));
+}
+
+TEST_F(MainWindowTest, SavesNothingWhileAPanelIsOpen)
+{
+    window->OpenFile(File("object.xml"));
+    Views().CmdFunction.UserClicks();
+    EXPECT_FALSE(Action(QStringLiteral("&Save"))->isEnabled());
+    EXPECT_FALSE(window->Save());
+    Views().txtFunctions.UserTypes(u"a function");
+    Views().CmdOk.UserClicks();
+    EXPECT_TRUE(Action(QStringLiteral("&Save"))->isEnabled());
+    EXPECT_TRUE(window->Save());
+    EXPECT_NE(OnDisk().find("<FUNCTIONS>a function</FUNCTIONS>"), std::string::npos);
+}
+
+TEST_F(MainWindowTest, AsksBeforeItOverwritesWhatAnotherProgramWrote)
+{
+    window->OpenFile(File("object.xml"));
+    Put(folder / "object.xml", "somebody else's");
+    ModalAnswer cancel(Press(QMessageBox::Cancel));
+    EXPECT_FALSE(window->Save());
+    EXPECT_TRUE(cancel.WasAsked());
+    EXPECT_EQ(OnDisk(), "somebody else's");
+}
+
+TEST_F(MainWindowTest, ChangesNothingInAReadOnlyObject)
+{
+    window->OpenFile(File("object.xml"), Access::ReadOnly);
+    EXPECT_TRUE(Views().txtPreCondition.Locked());
+    EXPECT_FALSE(Action(QStringLiteral("&Save"))->isEnabled());
+    EXPECT_FALSE(window->Save());
+    Views().MainTab.UserClicksTab(1);
+    EXPECT_FALSE(window->Object()->HasChanges());
+    EXPECT_FALSE(Views().CmdFuncBuild.Enabled());
+
+    Action(QStringLiteral("&Read-only"))->trigger(); // and back to editing
+    EXPECT_FALSE(Views().txtPreCondition.Locked());
+}
+
+TEST_F(MainWindowTest, TellsWhatCanNotBeOpenedAndKeepsWhatIsOpen)
+{
+    window->OpenFile(File("object.xml"));
+    Put(folder / "broken.xml", "<partn101><PREC></partn101>");
+    for (const char* name : {"broken.xml", "missing.xml"}) {
+        ModalAnswer box(Press(QMessageBox::Ok));
+        window->OpenFile(File(name));
+        EXPECT_TRUE(box.WasAsked()) << name;
+        EXPECT_EQ(window->Path(), File("object.xml"));
+    }
+}
+
+TEST_F(MainWindowTest, RemembersTheFilesThatWereOpened)
+{
+    window->OpenFile(File("object.xml"));
+    Put(folder / "other.xml", SmallObject);
+    window->OpenFile(File("other.xml"));
+    EXPECT_EQ(settings.Recent().Paths(), QStringList({File("other.xml"), File("object.xml")}));
+}
+
+TEST_F(MainWindowTest, AsksToSaveANewObject)
+{
+    window->OpenUnsaved({{}, QByteArray::fromStdString(SmallObject)});
+    EXPECT_TRUE(window->Object()->HasChanges());
+    EXPECT_TRUE(window->SaveTo(File("new.xml")));
+    EXPECT_EQ(OnDisk("new.xml"), SmallObject);
+    EXPECT_FALSE(window->Object()->HasChanges());
+    EXPECT_EQ(window->Path(), File("new.xml"));
+}
+
+TEST_F(MainWindowTest, ImportsACatalogueIntoTheOpenObject)
+{
+    window->OpenFile(File("object.xml"));
+    Put(folder / "tables.csv", "side,table,field,TYPE\nsource,prodc001,id,L\ntarget,partn101,code,S\n");
+    ModalAnswer import([](QWidget& modal) {
+        for (QPushButton* button : modal.findChildren<QPushButton*>()) {
+            if (button->text() == QStringLiteral("&Import"))
+                button->click();
+        }
+    });
+    window->ImportCatalogue(File("tables.csv"));
+    EXPECT_TRUE(window->Object()->HasChanges());
+    EXPECT_EQ(OnDisk(), Lead + SmallObject);
+    EXPECT_TRUE(window->Save());
+    EXPECT_NE(OnDisk().find("<PRODC001><ID TYPE=\"L\" FNo=\"1\"/></PRODC001></SRCTAB>"), std::string::npos);
+    EXPECT_NE(OnDisk().find("<TARTAB><PARTN101><CODE TYPE=\"S\" No=\"1\" FNo=\"1\"/></PARTN101></TARTAB>"),
+              std::string::npos);
+    EXPECT_NE(OnDisk().find("custs001.code</CODE>"), std::string::npos);
+}
+
+TEST_F(MainWindowTest, TellsOneBoxForAFailureAndGoesOn)
+{
+    window->OpenFile(File("object.xml"));
+    ModalAnswer box(Press(QMessageBox::Ok));
+    Designer().FieldMapping(QStringLiteral("no cell is there yet"));
+    EXPECT_TRUE(box.WasAsked());
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    EXPECT_TRUE(window->Save());
+}
+
+TEST_F(MainWindowTest, KeepsADraftWhileThereAreChanges)
+{
+    const auto kept = [this] { return QDir(File("drafts")).entryList({QStringLiteral("*.draft.xml")}).size() == 1; };
+    window->OpenFile(File("object.xml"));
+    Views().txtPreCondition.UserTypes(Text(Typed));
+    EXPECT_TRUE(WaitFor(kept));
+    EXPECT_EQ(OnDisk(), Lead + SmallObject);
+    EXPECT_TRUE(window->Save());
+    EXPECT_FALSE(kept());
+}
+
+TEST_F(MainWindowTest, OpensAFileThatIsDroppedOnAScript)
+{
+    window->OpenFile(File("object.xml"));
+    Put(folder / "other.xml", SmallObject);
+    QMimeData dragged;
+    dragged.setUrls({QUrl::fromLocalFile(File("other.xml"))});
+    auto& box = dynamic_cast<QPlainTextEdit&>(Designer().Surface().WidgetOf(Views().txtPreCondition));
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(box.viewport(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(box.viewport(), &drop);
+    EXPECT_TRUE(WaitFor([this] { return window->Path() == File("other.xml"); }));
+    EXPECT_EQ(Views().txtPreCondition.Text(), u"migrate custs001 | customers");
+}
+
+} // namespace
+} // namespace rulemesh
