@@ -9,10 +9,18 @@
 
 namespace rulemesh {
 
-FormDialog::FormDialog(ModalForm& form, QWidget* parent) : QDialog(parent), form_(form), surface_(form.Tree, *this)
+FormDialog::FormDialog(ModalForm& form, QWidget* parent)
+    : QDialog(parent), form_(form), content_(new QWidget(this)), surface_(form.Tree, *content_)
 {
     setWindowTitle(ToQt(form.Caption()));
     setFixedSize(surface_.Pixels(form.Width()), surface_.Pixels(form.Height()));
+    QRect taken;
+    for (const View* view : form.Tree.Views()) {
+        if (view->IsShown())
+            taken |= surface_.WidgetOf(*view).geometry();
+    }
+    content_->resize(size());
+    content_->move(rect().center() - taken.center());
     surface_.OnActed = [this] { FollowForm(); };
     const std::vector<View*>& views = form.Tree.Views();
     const auto first = std::find_if(views.begin(), views.end(),
@@ -38,5 +46,7 @@ void FormDialog::closeEvent(QCloseEvent* event)
         surface_.Act([this] { form_.UserCloses(); });
     event->accept();
 }
+
+bool FormDialog::focusNextPrevChild(bool next) { return surface_.MoveFocusByTab(next, ViewSurface::AtTheEnd::GoRound); }
 
 } // namespace rulemesh

@@ -20,11 +20,13 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
 
 private:
     void FollowForm();
 
     ModalForm& form_;
+    QWidget* content_; // owned as a child; holds the views in the middle of the window
     ViewSurface surface_;
 };
 

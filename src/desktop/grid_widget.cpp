@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 
 #include "desktop/qt_text.h"
 
@@ -32,6 +33,21 @@ protected:
     }
 };
 
+// A rule of several lines shows its first one.
+class FirstLineDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    [[nodiscard]] QString displayText(const QVariant& value, const QLocale& /*locale*/) const override
+    {
+        const QString text = value.toString();
+        const auto lineEnd = std::find_if(text.begin(), text.end(), [](QChar character) {
+            return character == QLatin1Char('\r') || character == QLatin1Char('\n');
+        });
+        return lineEnd == text.end() ? text : text.left(lineEnd - text.begin()) + QStringLiteral(" …");
+    }
+};
+
 } // namespace
 
 GridModel::GridModel(Grid& grid, QObject* parent) : QAbstractTableModel(parent), grid_(grid) {}
@@ -47,7 +63,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const
     if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
         return ToQt(grid_.TextMatrix(index.row(), index.column()));
     if (role == Qt::TextAlignmentRole)
-        return static_cast<int>(Qt::AlignLeft | (index.column() == 0 ? Qt::AlignVCenter : Qt::AlignTop));
+        return static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter);
     return {};
 }
 
@@ -68,6 +84,7 @@ GridWidget::GridWidget(ViewSurface& surface, Grid& grid, QWidget& parent)
 {
     Adopt(*widget_, widget_->viewport());
     widget_->setModel(&model_);
+    widget_->setItemDelegate(new FirstLineDelegate(widget_.get()));
     widget_->setFrameShape(QFrame::NoFrame);
     widget_->horizontalHeader()->hide();
     widget_->verticalHeader()->hide();
@@ -169,7 +186,7 @@ bool GridWidget::HandleKey(QKeyEvent& event)
         return true;
     const bool command = (modifiers & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
     const QString text = event.text();
-    if (command || text.isEmpty() || grid_.Rows() == 0)
+    if (command || text.isEmpty())
         return false;
     Surface().Act([&] { grid_.UserPresses(static_cast<std::int16_t>(text.at(0).unicode())); });
     return true;
@@ -182,7 +199,7 @@ bool GridWidget::HandleMousePress(QMouseEvent& event, bool twice)
         Surface().FocusFor(grid_);
     else
         Surface().Act([&] {
-            grid_.UserClicksCell(index.row(), index.column(), twice ? Grid::Clicks::Double : Grid::Clicks::Single);
+            grid_.UserClicksCell(index.row(), index.column(), twice ? Grid::Clicks::Second : Grid::Clicks::Single);
         });
     return true;
 }

@@ -59,7 +59,7 @@ RulemeshWidget::~RulemeshWidget() = default;
 
 void RulemeshWidget::Build(Platform& platform, ControlEvents& events)
 {
-    setFocusPolicy(Qt::TabFocus);
+    setFocusPolicy(Qt::StrongFocus); // a click in here must not give the focus to a widget of the host around
     setAccessibleName(QStringLiteral("Mapping designer"));
     QFont font = this->font();
     font.setPointSizeF(Font().Size);
@@ -196,7 +196,8 @@ void RulemeshWidget::GridEdit(int KeyAscii)
 void RulemeshWidget::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
-    surface_->Act([this] { control_->Resize(surface_->Twips(width()), surface_->Twips(height())); });
+    if (layoutPasses_ == LayoutPasses::WhenResized)
+        surface_->Act([this] { control_->Resize(surface_->Twips(width()), surface_->Twips(height())); });
 }
 
 void RulemeshWidget::changeEvent(QEvent* event)
@@ -214,6 +215,8 @@ void RulemeshWidget::focusInEvent(QFocusEvent* event)
     const bool tabbed = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
     if (tabbed && control_->Views().Tree.Focused() == nullptr)
         surface_->MoveFocusByTab(event->reason() == Qt::TabFocusReason);
+    else
+        surface_->FollowFocus();
 }
 
 bool RulemeshWidget::focusNextPrevChild(bool next)

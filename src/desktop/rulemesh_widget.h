@@ -54,6 +54,11 @@ public:
     Q_INVOKABLE [[nodiscard]] int GetListItemNumber(const QString& strFieldName) const;
     Q_INVOKABLE [[nodiscard]] int GetRowNumber(const QString& i_StrFieldName) const;
 
+    /// What runs a layout pass: the widget whenever it is resized, or only the host, by Control().Resize, for a
+    /// designer that is larger or smaller than its widget.
+    enum class LayoutPasses { WhenResized, ByHost };
+    void SetLayoutPasses(LayoutPasses passes) noexcept { layoutPasses_ = passes; }
+
     /// Takes the focus out of the control as a click elsewhere does, so that an open cell is committed.
     void TakeFocusOut();
 
@@ -106,6 +111,7 @@ private:
     std::unique_ptr<SignalEvents> events_;
     std::unique_ptr<ctlRulemesh> control_;
     std::unique_ptr<ViewSurface> surface_;
+    LayoutPasses layoutPasses_ = LayoutPasses::WhenResized;
 };
 
 } // namespace rulemesh

@@ -21,6 +21,13 @@ ScriptHighlighter::ScriptHighlighter(QTextDocument& document, ScannedFor scanned
     });
 }
 
+// The base class takes its colours out of the document, which tells of a change when the spans are gone.
+ScriptHighlighter::~ScriptHighlighter()
+{
+    if (document() != nullptr)
+        document()->disconnect(this);
+}
+
 void ScriptHighlighter::SwitchOn(bool on)
 {
     if (on == on_)

@@ -14,6 +14,7 @@ class ScriptHighlighter : public QSyntaxHighlighter {
 
 public:
     ScriptHighlighter(QTextDocument& document, ScannedFor scanned);
+    ~ScriptHighlighter() override;
 
     void SwitchOn(bool on);
 

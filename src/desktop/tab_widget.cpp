@@ -23,9 +23,11 @@ TabWidget::TabWidget(ViewSurface& surface, TabControl& tabs, QWidget& parent)
     bar_->setExpanding(false);
     for (int tab = 0; tab < TabControl::TabCount; ++tab)
         bar_->addTab(ToQt(tabs.TabCaption(tab)));
-    // The bar has changed by now; what the designer makes of it is brought back by Sync.
-    connect(bar_, &QTabBar::currentChanged, this,
-            [this](int tab) { Surface().Act([this, tab] { tabs_.UserClicksTab(tab); }); });
+    // The bar has changed by now; it goes back when the click is lost.
+    connect(bar_, &QTabBar::currentChanged, this, [this](int tab) {
+        Surface().Act([this, tab] { tabs_.UserClicksTab(tab); });
+        Sync();
+    });
 }
 
 QWidget& TabWidget::Widget() { return *bar_; }

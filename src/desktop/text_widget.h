@@ -1,5 +1,7 @@
 #pragma once
 
+#include <map>
+
 #include "desktop/view_widget.h"
 #include "views/text_box.h"
 
@@ -25,18 +27,23 @@ protected:
 
 private:
     void TakeOverEdit();
+    void Insert(int from, int to, const QString& text);
+    void ShowText();
+    void StandOnGridRow();
+    void Remember();
 
     TextBox& box_;
     SyntaxBox* script_; // the same box, when it colours its text
     std::unique_ptr<TextEdit> widget_;
     std::unique_ptr<ScriptHighlighter> highlighter_;
     QString shown_;
+    std::map<int, Text> lineEnds_; // texts with line ends of several kinds, by the steps of the editor's undo
     unsigned caretMoves_ = 0;
     bool syncing_ = false;
 };
 
 /// A model's text as the editor shows it: each carriage return and line feed as one line feed, a carriage return alone
-/// as a soft line break.
+/// as a soft line break, and whatever else an editor takes for the end of a paragraph as a line feed.
 [[nodiscard]] QString ShownText(TextView text);
 
 /// The place in a model's text of a place in what is shown of it.

@@ -9,6 +9,7 @@
 #include <QScopedValueRollback>
 #include <QWidget>
 
+#include "desktop/key_codes.h"
 #include "desktop/view_widget.h"
 
 namespace rulemesh {
@@ -16,37 +17,6 @@ namespace rulemesh {
 namespace {
 
 constexpr int TwipsPerInch = 1440;
-
-// The key's number as the designer knows keys; 0 for one that it has no number for.
-std::int16_t KeyCodeOf(const QKeyEvent& event)
-{
-    const int key = event.key();
-    const bool letterOrDigit = (key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9);
-    if (letterOrDigit || key == Qt::Key_Space)
-        return static_cast<std::int16_t>(key);
-    if (key >= Qt::Key_F1 && key <= Qt::Key_F24)
-        return static_cast<std::int16_t>(112 + key - Qt::Key_F1);
-    static const std::map<int, std::int16_t> codes = {
-        {Qt::Key_Backspace, 8}, {Qt::Key_Tab, 9},      {Qt::Key_Backtab, 9}, {Qt::Key_Return, 13}, {Qt::Key_Enter, 13},
-        {Qt::Key_Shift, 16},    {Qt::Key_Control, 17}, {Qt::Key_Alt, 18},    {Qt::Key_Escape, 27}, {Qt::Key_PageUp, 33},
-        {Qt::Key_PageDown, 34}, {Qt::Key_End, 35},     {Qt::Key_Home, 36},   {Qt::Key_Left, 37},   {Qt::Key_Up, 38},
-        {Qt::Key_Right, 39},    {Qt::Key_Down, 40},    {Qt::Key_Insert, 45}, {Qt::Key_Delete, 46}};
-    const auto code = codes.find(key);
-    return code == codes.end() ? std::int16_t{0} : code->second;
-}
-
-std::int16_t ShiftOf(const QKeyEvent& event)
-{
-    const Qt::KeyboardModifiers modifiers = event.modifiers();
-    int shift = 0;
-    if ((modifiers & Qt::ShiftModifier) != 0 || event.key() == Qt::Key_Backtab)
-        shift |= 1;
-    if ((modifiers & Qt::ControlModifier) != 0)
-        shift |= 2;
-    if ((modifiers & Qt::AltModifier) != 0)
-        shift |= 4;
-    return static_cast<std::int16_t>(shift);
-}
 
 bool IsInside(const QWidget* widget, const QWidget& root)
 {
@@ -106,6 +76,7 @@ void ViewSurface::Act(const std::function<void()>& action)
 
 void ViewSurface::Sync()
 {
+    const QScopedValueRollback<bool> guard(following_, true);
     for (View* view : tree_.TakeChanged())
         Of(*view).Sync();
     FollowFocus();
@@ -113,6 +84,7 @@ void ViewSurface::Sync()
 
 void ViewSurface::SyncAll()
 {
+    const QScopedValueRollback<bool> guard(following_, true);
     static_cast<void>(tree_.TakeChanged());
     for (View* view : tree_.Views())
         Of(*view).Sync();
@@ -151,6 +123,10 @@ bool ViewSurface::PressKey(View& view, QKeyEvent& event)
         return false;
     bool cancelled = false;
     Act([&] { cancelled = tree_.UserPressesKey(view, code, ShiftOf(event)); });
+    if (OnKey) {
+        OnKey(cancelled);
+        return true;
+    }
     return cancelled || !view.HasFocus();
 }
 
@@ -160,8 +136,10 @@ bool ViewSurface::FocusFor(View& view)
     return view.HasFocus();
 }
 
-bool ViewSurface::MoveFocusByTab(bool ahead)
+bool ViewSurface::MoveFocusByTab(bool ahead, AtTheEnd atTheEnd)
 {
+    if (following_)
+        return false; // a widget that is hidden or disabled passes Qt's focus on; the model's moves by itself
     std::vector<View*> order;
     std::copy_if(tree_.Views().begin(), tree_.Views().end(), std::back_inserter(order),
                  [](const View* view) { return view->TakesFocus() && view->CanBeReached(); });
@@ -169,6 +147,8 @@ bool ViewSurface::MoveFocusByTab(bool ahead)
         std::reverse(order.begin(), order.end());
     auto next = std::find(order.begin(), order.end(), tree_.Focused());
     next = next == order.end() ? order.begin() : next + 1;
+    if (next == order.end() && atTheEnd == AtTheEnd::GoRound)
+        next = order.begin();
     if (next == order.end())
         return false;
     FocusFor(**next);

@@ -44,6 +44,10 @@ public:
     std::function<void(const Failure&)> OnFailure;
     std::function<void()> OnActed;
 
+    /// For automation: where this is set, keys end at the designer's own handlers, and it is told whether one of them
+    /// cancelled the key; what a widget makes of a key by itself does not happen.
+    std::function<void(bool cancelled)> OnKey;
+
     /// Brings what changed to the widgets. Called by itself before control returns to the event loop.
     void Sync();
 
@@ -57,15 +61,18 @@ public:
     /// The user presses a key on a view: true when the designer took it, so that the widget must not.
     bool PressKey(View& view, QKeyEvent& event);
 
-    /// Moves the focus as the tab key does, to the view ahead or back in the order of the design; past the last one
-    /// when there is none. False when it left the form.
-    bool MoveFocusByTab(bool ahead);
+    /// Moves the focus as the tab key does, to the view ahead or back in the order of the design. False at the end of a
+    /// form that is to be left there.
+    enum class AtTheEnd { Leave, GoRound };
+    bool MoveFocusByTab(bool ahead, AtTheEnd atTheEnd = AtTheEnd::Leave);
 
     /// Moves the focus to a view, as a click on it begins with. True when it got there.
     bool FocusFor(View& view);
 
-private:
+    /// Brings Qt's focus to where the model has it.
     void FollowFocus();
+
+private:
     void OnFocusChanged(QWidget* old, QWidget* now);
 
     ViewTree& tree_;

@@ -42,6 +42,12 @@ bool ViewWidget::HandleMousePress(QMouseEvent& /*event*/, bool /*twice*/) { retu
 bool ViewWidget::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
+    case QEvent::ShortcutOverride:
+        if (surface_.OnKey) {
+            event->accept(); // the key is the designer's, whatever access keys there are
+            return true;
+        }
+        break;
     case QEvent::KeyPress: {
         auto& key = static_cast<QKeyEvent&>(*event);
         if (watched != &Widget())

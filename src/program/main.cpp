@@ -1,16 +1,46 @@
 #include <fstream>
 #include <iostream>
+#include <memory>
 #include <string>
 
 #include <CLI/CLI.hpp>
 
 #include "drive/session.h"
 
+#ifdef RULEMESH_HAS_WINDOW
+#include <QApplication>
+
+#include "window/window_stage.h"
+#endif
+
+#ifdef RULEMESH_HAS_APPLICATION
+#include "host/application.h"
+#endif
+
 namespace {
 
 constexpr int CannotOpen = 2;
 
-int Drive(const std::string& file)
+int Answer(rulemesh::Session& session, std::istream& requests)
+{
+    for (std::string line; std::getline(requests, line);)
+        std::cout << session.Answer(line) << std::endl;
+    return 0;
+}
+
+#ifdef RULEMESH_HAS_WINDOW
+int AnswerInWindow(std::istream& requests)
+{
+    int count = 1;
+    char name[] = "rulemesh";
+    char* words[] = {name, nullptr};
+    const QApplication application(count, words);
+    rulemesh::Session session(std::make_unique<rulemesh::WindowStage>());
+    return Answer(session, requests);
+}
+#endif
+
+int Drive(const std::string& file, [[maybe_unused]] bool window)
 {
     std::ifstream requests;
     if (!file.empty()) {
@@ -22,10 +52,12 @@ int Drive(const std::string& file)
         }
     }
     std::istream& input = file.empty() ? std::cin : requests;
+#ifdef RULEMESH_HAS_WINDOW
+    if (window)
+        return AnswerInWindow(input);
+#endif
     rulemesh::Session session;
-    for (std::string line; std::getline(input, line);)
-        std::cout << session.Answer(line) << std::endl;
-    return 0;
+    return Answer(session, input);
 }
 
 } // namespace
@@ -42,6 +74,10 @@ int main(int argc, char** argv)
     CLI::App* drive =
         program.add_subcommand("drive", "Run the designer without a window, from requests of one JSON object a line.");
     drive->add_option("FILE", file, "File with the requests; standard input when left out.");
+    bool window = false;
+#ifdef RULEMESH_HAS_WINDOW
+    drive->add_flag("--window", window, "Show the designer in a window, and work it by mouse and key events.");
+#endif
     drive->footer(
         "Each request is a JSON object on a line of its own and is answered by one:\n"
         "  {\"do\":\"let\",\"name\":\"TargetTable\",\"value\":\"salor101\"}\n"
@@ -52,6 +88,19 @@ int main(int argc, char** argv)
         "Look:  read, focused, state, xml\n"
         "\n"
         "The exit status is 0 at the end of the requests. rulemesh(1) and docs/drive.md tell the whole protocol.");
+
+#ifdef RULEMESH_HAS_APPLICATION
+    std::string object;
+    CLI::App* open = program.add_subcommand("open", "Open the designer's application.");
+    open->add_option("FILE", object, "File with the mapping object; a new window without one when left out.");
+#endif
     CLI11_PARSE(program, argc, argv);
-    return Drive(file);
+#ifdef RULEMESH_HAS_APPLICATION
+    if (open->parsed()) {
+        int count = 1;
+        return rulemesh::RunApplication(count, argv,
+                                        object.empty() ? std::nullopt : std::optional(QString::fromStdString(object)));
+    }
+#endif
+    return Drive(file, window);
 }

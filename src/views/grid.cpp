@@ -102,8 +102,9 @@ void Grid::UserClicksCell(int row, int col, Clicks clicks)
     if (!Tree().MoveFocus(*this) || !RowIsVisible(row))
         return;
     MakeCurrent(row, col);
-    Run(Click);
-    if (clicks == Clicks::Double)
+    if (clicks != Clicks::Second)
+        Run(Click);
+    if (clicks != Clicks::Single)
         Run(DblClick);
 }
 

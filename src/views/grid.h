@@ -58,7 +58,8 @@ public:
     [[nodiscard]] Placement CurrentCell() const noexcept;
 
     /// The user clicks a cell; lost when the cell is no longer in sight by the time that the focus has got here.
-    enum class Clicks { Single, Double };
+    /// `Second` is what the second press of a double click adds to the first.
+    enum class Clicks { Single, Double, Second };
     void UserClicksCell(int row, int col, Clicks clicks);
 
     /// A character key in the grid.

@@ -95,9 +95,7 @@ std::string PlayFolder(const std::filesystem::path& folder, bool window, int pro
 {
     try {
         return WithSession(window, [&](const Answerer& answer) {
-            return Play(LoadScenario(folder), answer, [&] {
-                Send(progress, {&Answered, 1});
-            });
+            return Play(LoadScenario(folder), answer, [&] { Send(progress, {&Answered, 1}); });
         });
     } catch (const std::exception& error) {
         return std::string("can't be played: ") + error.what();

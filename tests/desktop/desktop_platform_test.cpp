@@ -1,0 +1,111 @@
+#include "desktop/desktop_platform.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+
+#include "desktop/designer_window.h"
+#include "desktop/form_dialog.h"
+#include "shell/frm_txt_doc.h"
+
+namespace rulemesh {
+
+namespace {
+
+// A window, and somebody who acts on the box or form that comes up over it.
+class RealDesk : public testing::Test {
+protected:
+    RealDesk() { Window.show(); }
+
+    template <typename Shown, typename Action> void WhenShown(Action action)
+    {
+        QTimer::singleShot(0, &Window, [action] {
+            auto* shown = qobject_cast<Shown*>(QApplication::activeModalWidget());
+            ASSERT_NE(shown, nullptr);
+            action(*shown);
+        });
+    }
+
+    QWidget Window;
+    DesktopPlatform Platform{Window};
+};
+
+} // namespace
+
+TEST_F(RealDesk, BoxShowsTextTitleIconAndButtonsWithTheFirstAsDefault)
+{
+    WhenShown<QMessageBox>([](QMessageBox& box) {
+        EXPECT_EQ(box.text(), QStringLiteral("Save <b>?"));
+        EXPECT_EQ(box.windowTitle(), QStringLiteral("Mapping Object"));
+        EXPECT_EQ(box.icon(), QMessageBox::Critical);
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        EXPECT_EQ(box.standardButtons(), QMessageBox::Yes | QMessageBox::No);
+        EXPECT_EQ(box.defaultButton(), box.button(QMessageBox::Yes));
+        box.button(QMessageBox::No)->click();
+    });
+    const MessageButton answer = Platform.ShowMessage({.Text = u"Save <b>?",
+                                                       .Title = u"Mapping Object",
+                                                       .Buttons = {MessageButton::Yes, MessageButton::No},
+                                                       .Icon = MessageIcon::Critical});
+    EXPECT_EQ(answer, MessageButton::No);
+}
+
+TEST_F(RealDesk, BoxWithOneButtonIsClosedByEscape)
+{
+    WhenShown<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+    EXPECT_EQ(Platform.ShowMessage({.Text = u"Define Dumps"}), MessageButton::Ok);
+}
+
+TEST_F(RealDesk, NoteClosedFromItsFrameAsksWhetherToSave)
+{
+    Shared().BoolTextMode = true;
+    Shared().BoolEditShared = true;
+    Shared().StrDocText = u"before";
+    FrmTxtDoc form(Platform);
+    form.TxtDoc.Text(u"after");
+    WhenShown<FormDialog>([this](FormDialog& dialog) {
+        WhenShown<QMessageBox>([](QMessageBox& box) {
+            EXPECT_EQ(box.text(), QStringLiteral("Save Changes Done ?"));
+            box.button(QMessageBox::Yes)->click();
+        });
+        dialog.close();
+    });
+    Platform.ShowModal(form);
+    EXPECT_EQ(Shared().StrDocText, u"after");
+    EXPECT_FALSE(form.IsOpen());
+}
+
+TEST_F(RealDesk, EscapeInANoteCancelsWithoutAQuestion)
+{
+    Shared().BoolTextMode = true;
+    Shared().BoolEditShared = true;
+    Shared().StrDocText = u"before";
+    FrmTxtDoc form(Platform);
+    WhenShown<FormDialog>([](FormDialog& dialog) {
+        QTest::keyClicks(dialog.focusWidget(), QStringLiteral("x"));
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Escape);
+    });
+    Platform.ShowModal(form);
+    EXPECT_EQ(form.TxtDoc.Text(), u"x");
+    EXPECT_EQ(Shared().StrDocText, u"before");
+}
+
+TEST_F(RealDesk, TabKeyGoesRoundInAForm)
+{
+    Shared().BoolTextMode = false;
+    Shared().IntChooserDump = 10;
+    Shared().StrChooserTables = u"abc;def;";
+    FrmTxtDoc form(Platform);
+    WhenShown<FormDialog>([&form](FormDialog& dialog) {
+        std::vector<Text> visited;
+        for (int step = 0; step < 4; ++step) {
+            visited.emplace_back(form.Tree.Focused()->Name());
+            QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+        }
+        EXPECT_EQ(visited, (std::vector<Text>{u"CmbTargetTable", u"CmdOk", u"CmdCancel", u"CmbTargetTable"}));
+        dialog.reject();
+    });
+    Platform.ShowModal(form);
+}
+
+} // namespace rulemesh
