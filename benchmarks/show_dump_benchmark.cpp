@@ -10,58 +10,13 @@
 #include "generated_object.h"
 #include "shell/ctl_rulemesh.h"
 #include "silent_desk.h"
+#include "wide_object.h"
 
 // What a user waits for in a large object: opening it, going to the rules, and changing from one dump of 1,000 fields
 // to another. Beside it: pugixml loading the same text, and fetching from its tree the texts that a shown dump needs.
 
 namespace rulemesh {
 namespace {
-
-constexpr int FieldsOfWideTable = 1000;
-constexpr const char* WideTable = "TGWID001";
-
-std::string WideField(int field) { return "FIELD__" + std::to_string(field + 1); }
-
-std::string WideCatalogue()
-{
-    std::string table = std::string("    <") + WideTable + ">\n";
-    for (int field = 0; field < FieldsOfWideTable; ++field) {
-        const std::string number = std::to_string(field + 1);
-        table += "      <" + WideField(field) + " No=\"" + number + "\" FNo=\"" + number +
-                 "\" MAN=\"N\" TYPE=\"M\" LENG=\"30\" DSCA=\"the field " + number + "\" ADJU=\"L\" CASE=\"N\"/>\n";
-    }
-    return table + "    </" + WideTable + ">\n";
-}
-
-std::string WideDump(int number)
-{
-    std::string dump = "<DUMP No=\"" + std::to_string(number) + "\" TT=\"" + WideTable + "\" TXT=\"| wide\">\n";
-    for (int field = 0; field < FieldsOfWideTable; ++field)
-        dump += "    <" + WideField(field) + " TEXT=\"\" TYPE=\"0\">concat(sraaa001.name, \"" +
-                std::to_string(number * field) + "\")</" + WideField(field) + ">\n";
-    return dump + "  </DUMP>";
-}
-
-void ReplaceDump(std::string& object, int number)
-{
-    const std::string end = "</DUMP>";
-    const std::size_t from = object.find("<DUMP No=\"" + std::to_string(number) + "\"");
-    object.replace(from, object.find(end, from) + end.size() - from, WideDump(number));
-}
-
-// The generated object with a table of 1,000 fields, which its first two dumps fill.
-const std::string& Object()
-{
-    static const std::string text = [] {
-        std::string object = GeneratedObject(MediumObject);
-        object.insert(object.find("  </MSCRIPT>"), std::string("    <") + WideTable + "/>\n");
-        object.insert(object.find("  </TARTAB>"), WideCatalogue());
-        ReplaceDump(object, 1);
-        ReplaceDump(object, 2);
-        return object;
-    }();
-    return text;
-}
 
 struct Designer {
     SilentDesk Desk;
@@ -71,7 +26,7 @@ struct Designer {
     {
         Control.TargetTable(GeneratedTargetTable);
         Control.Edit(true);
-        Control.MappingObjectXML(Object());
+        Control.MappingObjectXML(WideObject());
         Control.ShowControl();
     }
     [[nodiscard]] bool ShowsRulesOf(int number)
@@ -88,7 +43,7 @@ void OpenObject(benchmark::State& state)
         Designer designer;
         designer.Open();
     }
-    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(Object().size()));
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(WideObject().size()));
 }
 BENCHMARK(OpenObject)->Unit(benchmark::kMillisecond);
 
@@ -96,9 +51,9 @@ void LoadTheSameWithPugixml(benchmark::State& state)
 {
     for ([[maybe_unused]] auto iteration : state) {
         pugi::xml_document document;
-        benchmark::DoNotOptimize(document.load_buffer(Object().data(), Object().size(), pugi::parse_full));
+        benchmark::DoNotOptimize(document.load_buffer(WideObject().data(), WideObject().size(), pugi::parse_full));
     }
-    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(Object().size()));
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(WideObject().size()));
 }
 BENCHMARK(LoadTheSameWithPugixml)->Unit(benchmark::kMillisecond);
 
@@ -141,7 +96,7 @@ BENCHMARK(ChangeDump)->Unit(benchmark::kMillisecond);
 void FetchTheSameWithPugixml(benchmark::State& state)
 {
     pugi::xml_document document;
-    benchmark::DoNotOptimize(document.load_buffer(Object().data(), Object().size(), pugi::parse_full));
+    benchmark::DoNotOptimize(document.load_buffer(WideObject().data(), WideObject().size(), pugi::parse_full));
     const pugi::xml_node root = document.document_element();
     const auto addFields = [](std::vector<std::vector<std::string>>& rows, const pugi::xml_node& table) {
         for (const pugi::xml_node field : table) {
@@ -186,7 +141,7 @@ void SaveObject(benchmark::State& state)
     designer.Control.Views().MainTab.UserClicksTab(1);
     for ([[maybe_unused]] auto iteration : state)
         benchmark::DoNotOptimize(designer.Control.MappingObjectXmlUtf8());
-    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(Object().size()));
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(WideObject().size()));
 }
 BENCHMARK(SaveObject)->Unit(benchmark::kMillisecond);
 

@@ -22,7 +22,7 @@ if(RULEMESH_SANITIZE)
 endif()
 
 if(RULEMESH_COVERAGE)
-    target_compile_options(rulemesh_options INTERFACE --coverage -fprofile-update=atomic)
+    target_compile_options(rulemesh_options INTERFACE --coverage)
     target_link_options(rulemesh_options INTERFACE --coverage)
 endif()
 

@@ -22,5 +22,5 @@ need_packages() {
     "${install[@]}" "${missing[@]}" >/dev/null
 }
 
-build_packages=(g++ cmake ninja-build ccache nlohmann-json3-dev libcli11-dev qt6-base-dev qt6-tools-dev)
+build_packages=(g++ cmake ninja-build ccache nlohmann-json3-dev libcli11-dev qt6-base-dev qt6-tools-dev fonts-dejavu-core)
 test_packages=(libgtest-dev libgmock-dev pkgconf)
