@@ -6,8 +6,6 @@ namespace rulemesh {
 
 namespace {
 
-constexpr const char* WideTable = "TGWID001";
-
 std::string WideField(int field) { return "FIELD__" + std::to_string(field + 1); }
 
 std::string WideCatalogue()
