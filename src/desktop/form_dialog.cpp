@@ -13,6 +13,9 @@ FormDialog::FormDialog(ModalForm& form, QWidget* parent)
     : QDialog(parent), form_(form), content_(new QWidget(this)), surface_(form.Tree, *content_)
 {
     setWindowTitle(ToQt(form.Caption()));
+    QFont font = this->font();
+    font.setPointSizeF(Font().Size);
+    setFont(font);
     setFixedSize(surface_.Pixels(form.Width()), surface_.Pixels(form.Height()));
     QRect taken;
     for (const View* view : form.Tree.Views()) {
