@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -70,47 +71,46 @@ Text CaseWord(TextView StrLetter)
     return u"No";
 }
 
-// The texts that both lists show, from the mark on.
-std::vector<Text> FieldTexts(const Text& StrTable, XmlNode field)
+// Appends the texts that both lists show, from the mark on.
+void AppendFieldTexts(std::vector<Text>& texts, const Text& StrTable, XmlNode field)
 {
-    const Text StrMark = GetAttribute(field, u"MAN") == u"Y" ? u"*" : u"";
+    constexpr std::array<std::string_view, 8> names = {"MAN",  "FNo",    "DSCA",    "ADJU",
+                                                       "CASE", "DOMAIN", "INITVAL", "DOMENUMS"};
+    std::vector<Text> values = field.getNamedItems(names);
+    const Text StrMark = values[0] == u"Y" ? u"*" : u"";
     Text StrLength = StrMark; // a field of unknown type shows its mark as its length
     Text StrType = DecodeFieldType(field, StrLength);
-    return {StrMark,
-            FieldNumberText(GetAttribute(field, u"FNo")),
-            QualifiedName(StrTable, field.baseName()),
-            std::move(StrType),
-            std::move(StrLength),
-            GetAttribute(field, u"DSCA"),
-            AlignmentWord(GetAttribute(field, u"ADJU")),
-            CaseWord(GetAttribute(field, u"CASE")),
-            GetAttribute(field, u"DOMAIN"),
-            GetAttribute(field, u"INITVAL"),
-            GetAttribute(field, u"DOMENUMS")};
+    texts.push_back(StrMark);
+    texts.push_back(FieldNumberText(values[1]));
+    texts.push_back(QualifiedName(StrTable, field.baseName()));
+    texts.push_back(std::move(StrType));
+    texts.push_back(std::move(StrLength));
+    texts.push_back(std::move(values[2]));
+    texts.push_back(AlignmentWord(values[3]));
+    texts.push_back(CaseWord(values[4]));
+    for (std::size_t plain = 5; plain < values.size(); ++plain)
+        texts.push_back(std::move(values[plain]));
 }
 
-} // namespace
-
-void FillSourceFields(ListView& list, XmlNode table)
-{
-    if (!table)
-        return;
-    const Text StrTable = table.baseName();
-    for (XmlNode field = table.firstChild(); field; field = field.nextSibling())
-        list.Add(FieldTexts(StrTable, field));
-}
-
-void FillTargetFields(ListView& list, XmlNode table)
+void FillFields(ListView& list, XmlNode table, std::size_t emptyInFront)
 {
     if (!table)
         return;
     const Text StrTable = table.baseName();
     for (XmlNode field = table.firstChild(); field; field = field.nextSibling()) {
-        std::vector<Text> texts = FieldTexts(StrTable, field);
-        texts.insert(texts.begin(), Text());
+        std::vector<Text> texts;
+        texts.reserve(emptyInFront + 11);
+        texts.resize(emptyInFront);
+        AppendFieldTexts(texts, StrTable, field);
         list.Add(std::move(texts));
     }
 }
+
+} // namespace
+
+void FillSourceFields(ListView& list, XmlNode table) { FillFields(list, table, SourceField::Mark); }
+
+void FillTargetFields(ListView& list, XmlNode table) { FillFields(list, table, TargetField::Mark); }
 
 Text DecodeFieldType(XmlNode field, Text& StrLength)
 {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -48,6 +49,9 @@ public:
 
     /// The value of an attribute, decoded; nothing when the element has none of that name.
     [[nodiscard]] std::optional<Text> getNamedItem(TextView name) const;
+
+    /// The values of several attributes, named in UTF-8, in one look at the element; "" for one that is absent.
+    [[nodiscard]] std::vector<Text> getNamedItems(std::span<const std::string_view> names) const;
 
     /// Replaces the value of an attribute, or adds the attribute behind the others.
     void setNamedItem(TextView name, TextView value) const;

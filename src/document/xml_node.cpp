@@ -70,6 +70,14 @@ std::optional<Text> XmlNode::getNamedItem(TextView name) const
     return xml::ToText(*value);
 }
 
+std::vector<Text> XmlNode::getNamedItems(std::span<const std::string_view> names) const
+{
+    std::vector<Text> values(names.size());
+    StoreOf().ReadAttributes(index_, names,
+                             [&](std::size_t name, const std::string& value) { values[name] = xml::ToText(value); });
+    return values;
+}
+
 void XmlNode::setNamedItem(TextView name, TextView value) const
 {
     Store& store = ElementStore();

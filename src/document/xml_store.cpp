@@ -232,6 +232,31 @@ std::optional<std::string> Store::Attribute(NodeIndex node, std::string_view nam
     return found->written ? found->written : AttributeValue(text_.substr(found->value.start, found->value.Length()));
 }
 
+void Store::ReadAttributes(NodeIndex node, std::span<const std::string_view> names,
+                           const std::function<void(std::size_t name, const std::string& value)>& take)
+{
+    const Details* const details = DetailsOf(node);
+    const bool asLoaded =
+        (details == nullptr || !details->attributes) && At(node).isElement && At(node).loaded.end != 0;
+    if (asLoaded) {
+        AttributeReader reader(text_, At(node).loaded.start);
+        LoadedAttribute loaded;
+        std::size_t count = 0;
+        for (; count < ManyAttributes && reader.Next(loaded); ++count) {
+            const auto name = std::find(names.begin(), names.end(), loaded.name);
+            if (name != names.end())
+                take(static_cast<std::size_t>(name - names.begin()),
+                     AttributeValue(text_.substr(loaded.value.start, loaded.value.Length())));
+        }
+        if (count < ManyAttributes)
+            return;
+    }
+    for (std::size_t name = 0; name < names.size(); ++name) {
+        if (const std::optional<std::string> value = Attribute(node, names[name]))
+            take(name, *value);
+    }
+}
+
 std::optional<std::string> Store::Attribute(NodeIndex node, NameId name) { return Attribute(node, names_.At(name)); }
 
 bool Store::HasAttribute(NodeIndex node, NameId name, std::string_view value) { return Attribute(node, name) == value; }

@@ -3,8 +3,10 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -112,6 +114,10 @@ public:
     [[nodiscard]] std::optional<std::string> Attribute(NodeIndex node, std::string_view name);
     [[nodiscard]] std::optional<std::string> Attribute(NodeIndex node, NameId name);
     [[nodiscard]] bool HasAttribute(NodeIndex node, NameId name, std::string_view value);
+
+    /// Hands the value of each of the attributes that the node has to `take`, with the place of its name.
+    void ReadAttributes(NodeIndex node, std::span<const std::string_view> names,
+                        const std::function<void(std::size_t name, const std::string& value)>& take);
     void SetAttribute(NodeIndex node, std::string_view name, std::string value);
 
     /// Null when the node has none.
