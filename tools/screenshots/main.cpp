@@ -41,6 +41,20 @@ int main(int argc, char** argv)
     const QDir folder(QString::fromLocal8Bit(argv[2]));
     folder.mkpath(QStringLiteral("."));
 
+    // A box or form holds up what brought it: the note is taken, and everything is closed.
+    bool saved = true;
+    bool takesNote = false;
+    QTimer closer;
+    QObject::connect(&closer, &QTimer::timeout, [&] {
+        QWidget* const form = QApplication::activeModalWidget();
+        if (form == nullptr)
+            return;
+        if (takesNote)
+            saved = SaveView(*form, folder, "note.png") && saved;
+        form->close();
+    });
+    closer.start(100);
+
     rulemesh::RulemeshWidget designer;
     designer.setWindowTitle(QStringLiteral("Rulemesh"));
     designer.Edit(true);
@@ -50,18 +64,13 @@ int main(int argc, char** argv)
     designer.ShowControl();
     designer.resize(designer.sizeHint());
     designer.show();
-    bool saved = SaveView(designer, folder, "condition.png");
+    saved = SaveView(designer, folder, "condition.png") && saved;
 
     rulemesh::DesignerViews& views = designer.Control().Views();
     designer.Surface().Act([&] { views.MainTab.UserClicksTab(1); });
     saved = SaveView(designer, folder, "rules.png") && saved;
 
-    QTimer::singleShot(0, [&] {
-        if (QWidget* form = QApplication::activeModalWidget()) {
-            saved = SaveView(*form, folder, "note.png") && saved;
-            form->close();
-        }
-    });
+    takesNote = true;
     designer.Surface().Act([&] { views.CmdDumpText.UserClicks(); });
     return saved ? 0 : 1;
 }
