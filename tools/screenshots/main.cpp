@@ -41,20 +41,6 @@ int main(int argc, char** argv)
     const QDir folder(QString::fromLocal8Bit(argv[2]));
     folder.mkpath(QStringLiteral("."));
 
-    // A box or form holds up what brought it: the note is taken, and everything is closed.
-    bool saved = true;
-    bool takesNote = false;
-    QTimer closer;
-    QObject::connect(&closer, &QTimer::timeout, [&] {
-        QWidget* const form = QApplication::activeModalWidget();
-        if (form == nullptr)
-            return;
-        if (takesNote)
-            saved = SaveView(*form, folder, "note.png") && saved;
-        form->close();
-    });
-    closer.start(100);
-
     rulemesh::RulemeshWidget designer;
     designer.setWindowTitle(QStringLiteral("Rulemesh"));
     designer.Edit(true);
@@ -64,13 +50,18 @@ int main(int argc, char** argv)
     designer.ShowControl();
     designer.resize(designer.sizeHint());
     designer.show();
-    saved = SaveView(designer, folder, "condition.png") && saved;
+    bool saved = SaveView(designer, folder, "condition.png");
 
     rulemesh::DesignerViews& views = designer.Control().Views();
     designer.Surface().Act([&] { views.MainTab.UserClicksTab(1); });
     saved = SaveView(designer, folder, "rules.png") && saved;
 
-    takesNote = true;
+    QTimer::singleShot(0, [&] {
+        if (QWidget* form = QApplication::activeModalWidget()) {
+            saved = SaveView(*form, folder, "note.png") && saved;
+            form->close();
+        }
+    });
     designer.Surface().Act([&] { views.CmdDumpText.UserClicks(); });
     return saved ? 0 : 1;
 }
