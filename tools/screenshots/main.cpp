@@ -5,6 +5,7 @@
 #include <cstdio>
 
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
 #include <QFile>
 #include <QTimer>
@@ -56,11 +57,13 @@ int main(int argc, char** argv)
     designer.Surface().Act([&] { views.MainTab.UserClicksTab(1); });
     saved = SaveView(designer, folder, "rules.png") && saved;
 
+    // The form holds up the click that brought it.
     QTimer::singleShot(0, [&] {
-        if (QWidget* form = QApplication::activeModalWidget()) {
-            saved = SaveView(*form, folder, "note.png") && saved;
-            form->close();
-        }
+        auto* const form = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (form == nullptr)
+            return;
+        saved = SaveView(*form, folder, "note.png") && saved;
+        form->reject();
     });
     designer.Surface().Act([&] { views.CmdDumpText.UserClicks(); });
     return saved ? 0 : 1;
