@@ -74,7 +74,7 @@ public:
     /// Puts an unattached element in the place of a child element.
     void replaceChild(XmlNode newChild, XmlNode oldChild) const;
 
-    /// Removes all child elements and what stands among them.
+    /// Removes all content: child elements, and white space and comments with or without them.
     void removeChildren() const;
 
     /// An unattached copy of the element with everything below it.

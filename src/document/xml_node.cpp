@@ -138,12 +138,7 @@ void XmlNode::replaceChild(XmlNode newChild, XmlNode oldChild) const
     store.Replace(newChild.index_, oldChild.index_);
 }
 
-void XmlNode::removeChildren() const
-{
-    Store& store = ElementStore();
-    if (store.FirstChild(index_) != NoNode)
-        store.Empty(index_);
-}
+void XmlNode::removeChildren() const { ElementStore().Empty(index_); }
 
 XmlNode XmlNode::cloneNode() const { return {document_, ElementStore().Clone(index_)}; }
 
