@@ -45,9 +45,7 @@ function(rulemesh_add_tests folder)
     list(TRANSFORM ARGN PREPEND "${folder}/")
     add_executable(${folder}_test ${ARGN})
     target_include_directories(${folder}_test PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}")
-    target_compile_definitions(${folder}_test PRIVATE
-        RULEMESH_SAMPLES="${PROJECT_SOURCE_DIR}/samples"
-        RULEMESH_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data")
+    target_link_libraries(${folder}_test PRIVATE rulemesh_samples)
     set(tested rulemesh)
     if(TARGET rulemesh_${folder})
         set(tested rulemesh_${folder})

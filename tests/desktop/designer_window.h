@@ -1,8 +1,5 @@
 #pragma once
 
-#include <fstream>
-#include <iterator>
-
 #include <QApplication>
 #include <QLineEdit>
 #include <QTest>
@@ -15,6 +12,7 @@
 #include "desktop/view_widget.h"
 #include "support/recording_events.h"
 #include "support/recording_platform.h"
+#include "support/samples.h"
 
 namespace rulemesh {
 
@@ -26,10 +24,8 @@ protected:
         Designer.resize(Designer.sizeHint());
         Line.setGeometry(0, Designer.height(), 100, 30);
         Host.resize(Designer.width(), Designer.height() + 30);
-        std::ifstream file(RULEMESH_SAMPLES "/northwind.xml", std::ios::binary);
-        const std::string xml{std::istreambuf_iterator<char>(file), {}};
         Designer.TargetTable(QStringLiteral("salor101"));
-        Designer.MappingObjectXmlUtf8(QByteArray::fromStdString(xml));
+        Designer.MappingObjectXmlUtf8(QByteArray::fromStdString(Sample("northwind.xml")));
         Designer.Edit(true);
         Host.show();
         QApplication::setActiveWindow(&Host);

@@ -1,11 +1,10 @@
-#include <fstream>
-#include <iterator>
 #include <string>
 
 #include <gmock/gmock.h>
 
 #include "base/utf8.h"
 #include "shell/designer_bench.h"
+#include "support/samples.h"
 
 // What is opened and looked at comes back byte for byte, but for what the product writes by itself. Each test lists
 // those places.
@@ -15,13 +14,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-std::string Sample(const std::string& name)
-{
-    std::ifstream file(std::string(RULEMESH_SAMPLES) + "/" + name, std::ios::binary);
-    EXPECT_TRUE(file) << name;
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 class Samples : public DesignerBench {
 protected:

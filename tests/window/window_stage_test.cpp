@@ -1,13 +1,12 @@
 #include "window/window_stage.h"
 
-#include <fstream>
-#include <iterator>
 #include <random>
 
 #include <gtest/gtest.h>
 
 #include "drive/json_text.h"
 #include "drive/session.h"
+#include "support/samples.h"
 
 namespace rulemesh {
 
@@ -20,10 +19,8 @@ public:
 
     std::vector<Json> Begin()
     {
-        std::ifstream file(RULEMESH_SAMPLES "/northwind.xml", std::ios::binary);
-        const std::string xml{std::istreambuf_iterator<char>(file), {}};
         return {{{"do", "let"}, {"name", "TargetTable"}, {"value", "salor101"}},
-                {{"do", "let"}, {"name", "MappingObjectXML"}, {"value", xml}},
+                {{"do", "let"}, {"name", "MappingObjectXML"}, {"value", Sample("northwind.xml")}},
                 {{"do", "let"}, {"name", "Edit"}, {"value", true}},
                 {{"do", "call"}, {"name", "ShowControl"}},
                 {{"do", "resize"}, {"width", 11700}, {"height", 7755}}};
