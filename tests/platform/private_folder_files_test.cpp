@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include "base/failure_of.h"
+#include "platform/ordinary_user.h"
 #include "platform/temporary_folder.h"
 
 namespace rulemesh {
@@ -20,31 +21,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr uid_t Somebody = 65534;
-
-// The superuser may do what others are refused, so such a test runs as an ordinary user even where it is he who runs
-// the tests.
-class OrdinaryUser {
-public:
-    explicit OrdinaryUser(const TemporaryFolder& home)
-    {
-        if (!isSuperuser_)
-            return;
-        changed_ = ::chown(home.Path().c_str(), Somebody, Somebody) == 0 && ::seteuid(Somebody) == 0;
-        EXPECT_TRUE(changed_);
-    }
-    OrdinaryUser(const OrdinaryUser&) = delete;
-    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
-    ~OrdinaryUser()
-    {
-        if (changed_) {
-            EXPECT_EQ(::seteuid(0), 0);
-        }
-    }
-
-private:
-    bool isSuperuser_ = ::geteuid() == 0;
-    bool changed_ = false;
-};
 
 class FileMask {
 public:
@@ -289,7 +265,7 @@ TEST_F(PrivateFolderFilesTest, RefusesAFolderOfSomebodyElse)
 
 TEST_F(PrivateFolderFilesTest, RefusesToWriteWhereTheFolderIsReadOnly)
 {
-    const OrdinaryUser user(home_);
+    const OrdinaryUser user(home_.Path());
     MakeFolder(0500);
     EXPECT_EQ(FailureOfWriting("x.bc"), FailureCode::PathFileAccess);
     EXPECT_EQ(FailureOfReading("x.bc"), FailureCode::FileNotFound);
@@ -298,7 +274,7 @@ TEST_F(PrivateFolderFilesTest, RefusesToWriteWhereTheFolderIsReadOnly)
 
 TEST_F(PrivateFolderFilesTest, RefusesToWriteAReadOnlyFile)
 {
-    const OrdinaryUser user(home_);
+    const OrdinaryUser user(home_.Path());
     MakeFolder();
     Put(File("x.bc"), "precious");
     fs::permissions(File("x.bc"), fs::perms::owner_read);
@@ -308,7 +284,7 @@ TEST_F(PrivateFolderFilesTest, RefusesToWriteAReadOnlyFile)
 
 TEST_F(PrivateFolderFilesTest, RefusesToMakeTheFolderInAReadOnlyParent)
 {
-    const OrdinaryUser user(home_);
+    const OrdinaryUser user(home_.Path());
     fs::permissions(home_.Path(), fs::perms::owner_read | fs::perms::owner_exec);
     EXPECT_EQ(FailureOfWriting("x.bc"), FailureCode::PathFileAccess);
     EXPECT_FALSE(fs::exists(Folder()));
