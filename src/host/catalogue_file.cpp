@@ -1,22 +1,18 @@
 #include "host/catalogue_file.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 #include "host/catalogue_csv.h"
 #include "host/host_error.h"
 #include "host/object_file.h"
+#include "host/plain_file.h"
 
 namespace rulemesh {
 
 Catalogue ReadCatalogueFile(const QString& path)
 {
-    if (QFileInfo(path).suffix().compare(QLatin1String("csv"), Qt::CaseInsensitive) == 0) {
-        QFile file(path);
-        if (!file.open(QIODevice::ReadOnly))
-            throw HostError(QStringLiteral("%1 can't be opened: %2.").arg(path, file.errorString()));
-        return ReadCatalogueCsv(file.readAll());
-    }
+    if (QFileInfo(path).suffix().compare(QLatin1String("csv"), Qt::CaseInsensitive) == 0)
+        return ReadCatalogueCsv(ReadPlainFile(path));
     const ObjectText text = ReadObjectFile(path);
     CheckObject(text);
     Catalogue catalogue = CatalogueOf(text.Object.toStdString());

@@ -11,6 +11,8 @@
 #include <QXmlStreamReader>
 
 #include "host/host_error.h"
+#include "host/leftovers.h"
+#include "host/safe_file.h"
 
 namespace rulemesh {
 

@@ -41,11 +41,33 @@ QByteArray DeclaredAsUtf8(const QString& text)
     return (match.captured(1) + QStringLiteral("\"UTF-8\"") + text.mid(match.capturedEnd())).toUtf8();
 }
 
+// Half of a pair is no character, and would be lost on the way to the designer.
+void CheckPairs(const QString& text)
+{
+    int line = 1;
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        const bool isPair = text[at].isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate();
+        if (text[at].isSurrogate() && !isPair)
+            throw HostError(
+                QStringLiteral("The file is damaged: line %1 holds half of a character (a lone surrogate).").arg(line));
+        at += isPair ? 1 : 0;
+        line += text[at] == u'\n' ? 1 : 0;
+    }
+}
+
+// How many bytes a character takes at least.
+qsizetype UnitOf(QStringConverter::Encoding encoding)
+{
+    const QByteArrayView name = QStringConverter::nameForEncoding(encoding);
+    return name.startsWith("UTF-32") ? 4 : name.startsWith("UTF-16") ? 2 : 1;
+}
+
 QByteArray DecodedBy(QStringConverter::Encoding encoding, const QByteArray& bytes)
 {
     QStringDecoder decoder(encoding);
     const QString text = decoder(bytes);
-    if (decoder.hasError())
+    CheckPairs(text);
+    if (decoder.hasError() || bytes.size() % UnitOf(encoding) != 0)
         throw HostError(QStringLiteral("The file is damaged: it begins as %1, but holds bytes that are none.")
                             .arg(QLatin1String(QStringConverter::nameForEncoding(encoding))));
     return DeclaredAsUtf8(text);

@@ -2,19 +2,15 @@
 
 #include <string>
 
-#include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QXmlStreamReader>
-#ifdef Q_OS_UNIX
-#include <fcntl.h>
-#include <unistd.h>
-#endif
 
 #include "document/control_state.h"
 #include "document/xml_document.h"
 #include "host/host_error.h"
 #include "host/object_encoding.h"
+#include "host/plain_file.h"
+#include "host/safe_file.h"
 
 namespace rulemesh {
 
@@ -49,20 +45,6 @@ qsizetype RootOffset(const QByteArray& text)
     return -1;
 }
 
-void FlushFolderOf(const QString& path)
-{
-#ifdef Q_OS_UNIX
-    const QByteArray folder = QFile::encodeName(QFileInfo(path).absolutePath());
-    const int handle = ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (handle == -1)
-        return; // a folder that can't be read can't be flushed; the rename has been done all the same
-    ::fsync(handle);
-    ::close(handle);
-#else
-    Q_UNUSED(path)
-#endif
-}
-
 // What is wrong with a text that the designer refused, with the line in the file.
 QString Complaint(const ObjectText& text)
 {
@@ -88,26 +70,7 @@ ObjectText ParseObjectBytes(const QByteArray& bytes)
     return {text.first(root), text.sliced(root)};
 }
 
-ObjectText ReadObjectFile(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        throw HostError(QStringLiteral("%1 can't be opened: %2.").arg(path, file.errorString()));
-    const QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        throw HostError(QStringLiteral("%1 can't be read: %2.").arg(path, file.errorString()));
-    return ParseObjectBytes(bytes);
-}
-
-void WriteFileAtOnce(const QString& path, const QByteArray& bytes)
-{
-    // Writes beside the file that a link leads to, flushes, and renames; permissions of the old file stay.
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
-        throw HostError(
-            QStringLiteral("%1 can't be written: %2. What stood there still stands.").arg(path, file.errorString()));
-    FlushFolderOf(QFileInfo(path).canonicalFilePath());
-}
+ObjectText ReadObjectFile(const QString& path) { return ParseObjectBytes(ReadPlainFile(path)); }
 
 void WriteObjectFile(const QString& path, const ObjectText& text) { WriteFileAtOnce(path, text.Lead + text.Object); }
 
@@ -128,6 +91,11 @@ void CheckObject(const ObjectText& text)
         throw HostError(QStringLiteral("This is no mapping object: its root element is named \"%1\", but must bear the "
                                        "code of the target table, which has 8 characters such as partn101.")
                             .arg(root));
+    if (root.contains(QLatin1String("..")))
+        throw HostError(
+            QStringLiteral("The root element is named \"%1\". Two dots in a row can't stand in the code of a "
+                           "target table, because files are named by it: rename the element.")
+                .arg(root));
     if (!document.documentElement().selectSingleNode(u"PREC"))
         throw HostError(QStringLiteral("The object has no element PREC, without which it can't be saved. Add an empty "
                                        "<PREC/> under <%1>.")

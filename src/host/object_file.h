@@ -20,20 +20,18 @@ struct ObjectText {
 /// Raises HostError for other encodings, bytes that don't fit the encoding, and a text without a root element.
 [[nodiscard]] ObjectText ParseObjectBytes(const QByteArray& bytes);
 
-/// Reads a file. Raises HostError as ParseObjectBytes does, and when the file can't be read.
+/// Reads a plain file. Raises HostError as ParseObjectBytes and ReadPlainFile do.
 [[nodiscard]] ObjectText ReadObjectFile(const QString& path);
 
-/// Replaces a file as one act: either all of the new text stands there or all of the old one, whenever the program or
-/// the machine goes down. Written beside the file, flushed, and renamed; permissions stay, and a link stays a link to
-/// the file that is replaced. Raises HostError when that can't be done; the old text stands there then.
-void WriteFileAtOnce(const QString& path, const QByteArray& bytes);
+/// Replaces the file's text as WriteFileAtOnce does. Raises HostError when that can't be done; the old text stands
+/// there then.
 void WriteObjectFile(const QString& path, const ObjectText& text);
 
 /// The name of the root element, which is the object's target table.
 [[nodiscard]] QString RootName(const QByteArray& object);
 
 /// Raises HostError for what the designer could not work on: malformed XML (told with its line), a document type
-/// declaration, a root that is no table code of 8 characters, no element PREC.
+/// declaration, a root that is no table code of 8 characters or that no file can be named by, no element PREC.
 void CheckObject(const ObjectText& text);
 
 /// What tells that another program has written a file meanwhile.

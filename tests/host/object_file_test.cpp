@@ -2,16 +2,23 @@
 
 #include <filesystem>
 
+#include <sys/stat.h>
+
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <QFile>
 #include <QStringEncoder>
 
 #include "host/host_error.h"
+#include "host/plain_file.h"
+#include "platform/ordinary_user.h"
 #include "platform/temporary_folder.h"
 
 namespace rulemesh {
 namespace {
+
+using ::testing::HasSubstr;
 
 QByteArray In(QStringConverter::Encoding encoding, const QString& text)
 {
@@ -52,6 +59,34 @@ TEST(ParseObjectBytes, ReadsUtf16AndTellsUtf8FromThenOn)
     EXPECT_EQ(ParseObjectBytes(In(QStringConverter::Utf16BE, text)), expected);
 }
 
+TEST(ParseObjectBytes, TellsTheLineOfHalfACharacter)
+{
+    const QString whole = QStringLiteral("<partn101>\n<PREC>\U0001F600</PREC></partn101>");
+    EXPECT_EQ(Complaint(In(QStringConverter::Utf16LE, whole)), QString());
+    for (const char16_t half : {u'\xD83D', u'\xDE00'}) {
+        const QString text = QStringLiteral("<partn101>\n<PREC>%1</PREC></partn101>").arg(QChar(half));
+        QByteArray bytes("\xFF\xFE", 2);
+        bytes.append(reinterpret_cast<const char*>(text.utf16()), text.size() * 2);
+        EXPECT_TRUE(Complaint(bytes).contains(QStringLiteral("line 2 holds half of a character")));
+    }
+}
+
+TEST(ParseObjectBytes, RefusesBytesThatAreLeftOver)
+{
+    const QByteArray whole = In(QStringConverter::Utf16LE, QStringLiteral("<partn101><PREC/></partn101>\n"));
+    EXPECT_EQ(Complaint(whole), QString());
+    EXPECT_TRUE(Complaint(whole + '<').contains(QStringLiteral("damaged")));
+    EXPECT_TRUE(Complaint(whole.chopped(1)).contains(QStringLiteral("damaged")));
+}
+
+TEST(ParseObjectBytes, RefusesNumbersThatAreNoCharacterInUtf32)
+{
+    const QByteArray start = In(QStringConverter::Utf32LE, QStringLiteral("<partn101><PREC/></partn101>"));
+    EXPECT_EQ(Complaint(start), QString());
+    EXPECT_TRUE(Complaint(start + QByteArray("\x00\x00\x11\x00", 4)).contains(QStringLiteral("damaged")));
+    EXPECT_TRUE(Complaint(start + QByteArray("\x3D\xD8\x00\x00", 4)).contains(QStringLiteral("damaged")));
+}
+
 TEST(ParseObjectBytes, ReadsDeclaredSingleByteEncodings)
 {
     EXPECT_EQ(ParseObjectBytes("<?xml version='1.0' encoding='windows-1252'?><a>\x80</a>"),
@@ -79,6 +114,12 @@ TEST(CheckObject, TellsWhatIsWrongWithOthers)
     EXPECT_TRUE(Complaint("<!-- 1 -->\n<partn101>\n<PREC></partn101>").contains(QStringLiteral("Line 3")));
     EXPECT_TRUE(Complaint("<html/>").contains(QStringLiteral("\"html\"")));
     EXPECT_TRUE(Complaint("<partn101/>").contains(QStringLiteral("PREC")));
+}
+
+TEST(CheckObject, RefusesARootThatNoFileCanBeNamedBy)
+{
+    EXPECT_TRUE(Complaint("<par..101><PREC/></par..101>").contains(QStringLiteral("\"par..101\". Two dots")));
+    EXPECT_EQ(Complaint("<par.t.01><PREC/></par.t.01>"), QString());
 }
 
 TEST(WriteObjectFile, KeepsPermissionsAndPutsTheLeadInFront)
@@ -118,6 +159,49 @@ TEST(ReadObjectFile, ReadsBackWhatWasWritten)
     const ObjectText text{"<?xml version='1.0'?>\n", "<partn101><PREC>\xC3\xA4</PREC></partn101>\n"};
     WriteObjectFile(PathOf(folder / "object.xml"), text);
     EXPECT_EQ(ReadObjectFile(PathOf(folder / "object.xml")), text);
+}
+
+// What the user is told of a file that is no object.
+std::string ComplaintAbout(const std::filesystem::path& path)
+{
+    try {
+        (void)ReadObjectFile(PathOf(path));
+    } catch (const HostError& error) {
+        return error.what();
+    }
+    return {};
+}
+
+TEST(ReadObjectFile, TellsWhatStandsThereInsteadOfAFile)
+{
+    const TemporaryFolder folder;
+    ASSERT_EQ(::mkfifo((folder / "pipe.xml").c_str(), 0600), 0);
+    std::filesystem::create_symlink("pipe.xml", folder / "link.xml");
+    EXPECT_THAT(ComplaintAbout(folder / "pipe.xml"), HasSubstr("pipe.xml is a pipe between programs"));
+    EXPECT_THAT(ComplaintAbout(folder / "link.xml"), HasSubstr("link.xml is a pipe between programs"));
+    EXPECT_THAT(ComplaintAbout(folder.Path()), HasSubstr("is a folder, not a file"));
+    EXPECT_THAT(ComplaintAbout("/dev/zero"), HasSubstr("/dev/zero is a device"));
+    EXPECT_THAT(ComplaintAbout(folder / "none.xml"), HasSubstr("No such file"));
+}
+
+TEST(ReadObjectFile, TellsAFileThatItsUserMayNotRead)
+{
+    const TemporaryFolder folder;
+    Put(folder / "object.xml", "<a/>");
+    std::filesystem::permissions(folder / "object.xml", std::filesystem::perms::none);
+    const OrdinaryUser user(folder.Path());
+    EXPECT_THAT(ComplaintAbout(folder / "object.xml"), HasSubstr("Permission denied"));
+}
+
+TEST(ReadObjectFile, TellsAFileThatIsTooLargeForTheMachine)
+{
+    const TemporaryFolder folder;
+    Put(folder / "object.xml", "<a/>");
+    std::error_code error;
+    std::filesystem::resize_file(folder / "object.xml", static_cast<std::uintmax_t>(LargestFile()) + 1, error);
+    if (error)
+        GTEST_SKIP() << "the file system takes no file of that size";
+    EXPECT_THAT(ComplaintAbout(folder / "object.xml"), HasSubstr("is too large"));
 }
 
 TEST(StampOf, TellsThatAnotherProgramWroteTheFile)
