@@ -1,0 +1,36 @@
+#pragma once
+
+#include <functional>
+
+#include "monkey/action.h"
+#include "monkey/place.h"
+#include "monkey/stage.h"
+
+namespace rulemesh::monkey {
+
+/// Works a stage by raw input, as the window system delivers it: to the popup, the box or the window in front.
+class Hands {
+public:
+    explicit Hands(MonkeyStage& stage) : stage_(stage) {}
+
+    /// Does an action. `whenBlocked` is run when the action is waited for: a box has come up.
+    void Do(const Action& action, const std::function<void()>& whenBlocked);
+
+private:
+    static void Activate(const Place& place);
+    void Perform(const Action& action);
+    void PressKey(const Action& action);
+    void Type(const QString& text);
+    void Press(Qt::Key key, Qt::KeyboardModifiers modifiers, const QString& text);
+    void Click(const Action& action, int times);
+    void Drag(const Action& action);
+    void Roll(const Action& action);
+    void Compose(const Action& action);
+    void Drop(const Action& action);
+    void HostActs(const Action& action);
+
+    MonkeyStage& stage_;
+    std::function<void()> finishDrag_;
+};
+
+} // namespace rulemesh::monkey

@@ -1,0 +1,115 @@
+#include "monkey/session.h"
+
+#include <iostream>
+#include <regex>
+
+#include <unistd.h>
+
+#include <QApplication>
+#include <QPointer>
+
+#include "monkey/hands.h"
+#include "support/mirror.h"
+
+namespace rulemesh::monkey {
+
+namespace {
+
+constexpr unsigned MostSeconds = 30; // for one action
+
+std::vector<std::string>& Warnings()
+{
+    static std::vector<std::string> warnings;
+    return warnings;
+}
+
+// What the off-screen platform can't do is no fault of the designer.
+void KeepWarning(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text)
+{
+    if (type != QtDebugMsg && type != QtInfoMsg && !text.startsWith(QLatin1String("This plugin does not support")))
+        Warnings().push_back(text.toStdString());
+}
+
+class Session {
+public:
+    Session(const Errand& errand, int progress)
+        : errand_(errand), progress_(progress), stage_(errand.Object, RootOf(errand.Object))
+    {
+    }
+
+    std::optional<Finding> Run()
+    {
+        QApplication::processEvents();
+        Check(-1);
+        while (HasMore())
+            Step(nullptr);
+        return finding_;
+    }
+
+private:
+    [[nodiscard]] bool HasMore() const { return !finding_ && next_ < errand_.Numbers.size(); }
+
+    // One action. `box` is the box or form that is worked, none for the window itself.
+    void Step(const QWidget* box)
+    {
+        const int number = errand_.Numbers[next_++];
+        alarm(MostSeconds);
+        if (errand_.Tell)
+            std::cerr << number << " " << Describe(ActionOf(errand_.Seed, number)).toStdString() << std::endl;
+        hands_.Do(ActionOf(errand_.Seed, number), [this] { WorkBox(); });
+        if (progress_ >= 0 && write(progress_, ".", 1) != 1)
+            progress_ = -1;
+        // Behind a box that was closed the control has not gone on yet.
+        if (box == QApplication::activeModalWidget() && !finding_)
+            Check(number);
+        if (box == nullptr)
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    // The control waits for the box; the actions go on in it until it is gone.
+    void WorkBox()
+    {
+        const QPointer<QWidget> box = QApplication::activeModalWidget();
+        Check(errand_.Numbers[next_ - 1]);
+        while (HasMore() && box != nullptr && QApplication::activeModalWidget() == box)
+            Step(box);
+        for (int tries = 0; !HasMore() && QApplication::activeModalWidget() != nullptr && tries < 20; ++tries) {
+            QApplication::activeModalWidget()->close();
+            QApplication::processEvents();
+        }
+    }
+
+    void Check(int number)
+    {
+        std::vector<std::string> sentences = DifferencesEverywhere();
+        for (const std::string& warning : std::exchange(Warnings(), {}))
+            sentences.push_back("warning of the toolkit: " + warning);
+        const std::regex except(errand_.Except);
+        std::erase_if(sentences, [&](const std::string& sentence) {
+            return !errand_.Except.empty() && std::regex_search(sentence, except);
+        });
+        if (sentences.empty())
+            return;
+        finding_ = Finding{number, {}};
+        for (const std::string& sentence : sentences)
+            finding_->Sentence += sentence + "\n";
+    }
+
+    const Errand& errand_;
+    int progress_;
+    std::size_t next_ = 0;
+    std::optional<Finding> finding_;
+    MonkeyStage stage_;
+    Hands hands_{stage_};
+};
+
+} // namespace
+
+std::optional<Finding> DoErrand(const Errand& errand, int progress)
+{
+    qInstallMessageHandler(KeepWarning);
+    Session session(errand, progress);
+    return session.Run();
+}
+
+} // namespace rulemesh::monkey
