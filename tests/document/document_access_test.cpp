@@ -184,6 +184,23 @@ TEST_F(DocumentAccessTest, GetRuleTextMakesNoDumpForZeroAndBelow)
     EXPECT_EQ(Xml(), "<tgtab001/>");
 }
 
+TEST_F(DocumentAccessTest, WhatIsAppendedGoesToTheFirstNodeWhateverItIs)
+{
+    for (const std::string head : {"<!--c-->", "<?p i?>", "<?xml version=\"1.0\"?>"}) {
+        const std::string xml = head + "<tgtab001/>";
+        Load(xml);
+        const auto failsAndAppendsNothing = [&](auto append) {
+            EXPECT_EQ(FailureOf(append), FailureCode::ObjectVariableNotSet) << head;
+            EXPECT_EQ(Xml(), xml);
+        };
+        failsAndAppendsNothing([&] { static_cast<void>(access_.GetRuleText(4, u"ITEM")); });
+        failsAndAppendsNothing([&] { access_.CreateDumpNode(4, u""); });
+        failsAndAppendsNothing([&] { access_.SetFunctionsText(u"f"); });
+        failsAndAppendsNothing([&] { access_.SetVariablesText(u"v"); });
+        EXPECT_EQ(access_.GetRuleText(0, u"ITEM"), u""); // nothing is appended for 0
+    }
+}
+
 TEST_F(DocumentAccessTest, GetAttributeReadsAnAbsentOneAsEmpty)
 {
     Load(R"(<tgtab001 A="" B="x&#10;y"/>)");

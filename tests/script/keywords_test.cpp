@@ -172,6 +172,13 @@ TEST(IsTableCode, NeedsFiveCharactersThatAreNoDigits)
 {
     EXPECT_FALSE(IsTableCode(u"abcd1234"));
     EXPECT_FALSE(IsTableCode(u"1bcde123"));
+    for (std::size_t place = 0; place < 5; ++place) {
+        for (const char16_t digit : TextView(u"0123456789")) {
+            Text StrName = u"abcde123";
+            StrName[place] = digit;
+            EXPECT_FALSE(IsTableCode(StrName)) << testing::PrintToString(StrName);
+        }
+    }
     EXPECT_TRUE(IsTableCode(u"+-._e123"));
     EXPECT_TRUE(IsTableCode(u"abcd\u0663123"));
 }

@@ -56,6 +56,20 @@ TEST_F(PreConditionsTest, SavesAnUnchangedScriptWithoutAWarning)
     EXPECT_THAT(state_.StrMigrateTables, ElementsAre(u"abcde123"));
 }
 
+// The lists are reset, then the element's text is read, and only then is anything looked through.
+TEST_F(PreConditionsTest, AnAbsentElementFailsBetweenTheResetOfTheListsAndTheSearch)
+{
+    Open("migrate abcde123");
+    preConditions_.SavePreCondition();
+    Load("");
+    EXPECT_EQ(FailureOf([&] { Save(u"migrate wrong"); }), FailureCode::ObjectVariableNotSet);
+    EXPECT_THAT(Boxes(), IsEmpty());
+    EXPECT_THAT(state_.StrPriorMigrateTables, ElementsAre(u""));
+    EXPECT_THAT(state_.StrNewMigrateTables, ElementsAre(u""));
+    EXPECT_THAT(state_.StrMigrateTables, ElementsAre(u"abcde123"));
+    EXPECT_EQ(state_.IntErrorCode, 0);
+}
+
 TEST_F(PreConditionsTest, StoresWithoutAWarningWhenAStatementIsAdded)
 {
     Open("migrate abcde123");
