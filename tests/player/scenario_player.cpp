@@ -1,9 +1,10 @@
 // Plays the scenarios below the given folders and tells which answers are not as expected.
 //
-//   scenario_player [--window] [--jobs N] [--results FILE] FOLDER...
+//   scenario_player [--window] [--jobs N] [--first] [--results FILE] FOLDER...
 //   scenario_player [--window] --answers FOLDER      prints what is answered to one scenario's requests
 //
-// With --window every designer has a window, and is worked by input events.
+// With --window every designer has a window, and is worked by input events. With --first no scenario is begun behind
+// the first one that fails.
 //
 // Some values outlive a control, so that every scenario has a process of its own, as it has with the real program.
 
@@ -50,6 +51,7 @@ struct Arguments {
     std::size_t jobs = std::max(1U, std::thread::hardware_concurrency());
     std::string results;
     bool printAnswers = false;
+    bool endsAtFirst = false;
     bool window = false;
 };
 
@@ -153,6 +155,8 @@ std::size_t PlayAll(const std::vector<std::filesystem::path>& folders, const Arg
     std::size_t next = 0;
     std::vector<Running> running;
     while (next < folders.size() || !running.empty()) {
+        if (arguments.endsAtFirst && failed > 0)
+            next = folders.size();
         while (running.size() < arguments.jobs && next < folders.size())
             running.push_back(Start(folders[next++], arguments.window));
         std::vector<pollfd> ready;
@@ -188,6 +192,8 @@ Arguments Parsed(const std::vector<std::string>& words)
         const bool hasValue = at + 1 < words.size();
         if (words[at] == "--answers")
             arguments.printAnswers = true;
+        else if (words[at] == "--first")
+            arguments.endsAtFirst = true;
 #ifdef RULEMESH_HAS_WINDOW
         else if (words[at] == "--window")
             arguments.window = true;
