@@ -13,7 +13,14 @@ namespace {
 // A rule cell that no rule ever reached holds one blank, not "".
 constexpr TextView UntouchedRule = u" ";
 
-std::int16_t RowOf(XmlNode field) { return ToInt16(std::int64_t{ToInt16(GetAttribute(field, u"No"))} - 1); }
+RuleTexts RulesOf(const Grid& grid)
+{
+    RuleTexts rules;
+    rules.reserve(static_cast<std::size_t>(grid.Rows()));
+    for (int row = 0; row < grid.Rows(); ++row)
+        rules.emplace_back(grid.TextMatrix(row, 1));
+    return rules;
+}
 
 } // namespace
 
@@ -82,7 +89,7 @@ void DumpView::LoadDumpRules(std::int16_t IntDump)
         return;
     }
     for (XmlNode field = table.firstChild(); field; field = field.nextSibling())
-        grid.TextMatrix(RowOf(field), 1, document_.GetRuleText(IntDump, field.baseName()));
+        grid.TextMatrix(DumpRecords::RowOf(field), 1, document_.GetRuleText(IntDump, field.baseName()));
     grid.TopRow(0);
     if (!views_.CmbDump.HasSelection())
         views_.CmbDump.ListIndex(0);
@@ -106,23 +113,13 @@ void DumpView::SaveDumpRules(const Text& StrDump)
 {
     if (StrDump.empty() || StrDump == u"0")
         return;
-    const std::int16_t IntDump = ToInt16(StrDump);
-    XmlNode dump = document_.GetDumpNode(IntDump);
-    if (!dump) {
-        dump =
-            AppendChild(document_.Document(), document_.Document().firstChild(), u"DUMP", u"No", PlainNumber(IntDump));
-        if (state_.BoolMultiTarget)
-            AskForTargetTable(dump);
-    }
-    const XmlNode table = store_.GetTargetTableNode(0);
-    if (!table)
-        return;
-    for (XmlNode field = table.firstChild(); field; field = field.nextSibling())
-        SaveRule(dump, field);
+    const XmlNode dump = store_.DumpToFill(ToInt16(StrDump), [this] { return AskForTargetTable(); });
+    if (const XmlNode table = store_.GetTargetTableNode(0))
+        store_.SaveRules(dump, table, RulesOf(views_.RulesGrid));
 }
 
 // The message does not stop the save: the dump keeps an empty table until somebody chooses one.
-void DumpView::AskForTargetTable(XmlNode dump)
+Text DumpView::AskForTargetTable()
 {
     if (views_.CmbTargetTable.Text().empty()) {
         platform_.ShowMessage(
@@ -130,29 +127,7 @@ void DumpView::AskForTargetTable(XmlNode dump)
         views_.MainTab.Tab(1);
         views_.CmbTargetTable.SetFocus();
     }
-    SetAttribute(dump, u"TT", views_.CmbTargetTable.Text());
-}
-
-// The two limits differ: a field past the last row is passed over when it has a record, and is a failure of the grid
-// when it has none.
-void DumpView::SaveRule(XmlNode dump, XmlNode field)
-{
-    const Text StrField = field.baseName();
-    const XmlNode rule = dump.selectSingleNode(StrField);
-    const Grid& grid = views_.RulesGrid;
-    const int row = RowOf(field);
-    if (!rule) {
-        if (row <= grid.Rows() && !grid.TextMatrix(row, 1).empty())
-            store_.AppendRule(dump, StrField, grid.TextMatrix(row, 1));
-        return;
-    }
-    if (row > grid.Rows() - 1)
-        return;
-    const Text& StrRule = grid.TextMatrix(row, 1);
-    if (StrRule.empty())
-        dump.removeChild(rule);
-    else
-        DumpStore::WriteRule(rule, StrRule);
+    return views_.CmbTargetTable.Text();
 }
 
 void DumpView::RefreshTargetFields()

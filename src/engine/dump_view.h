@@ -52,8 +52,7 @@ private:
     void ShowSelectedDumpInCaption();
     enum class Labels { Table, TableAndDescription };
     void LeaveShownDump(Labels labels);
-    void AskForTargetTable(XmlNode dump);
-    void SaveRule(XmlNode dump, XmlNode field);
+    [[nodiscard]] Text AskForTargetTable();
     [[nodiscard]] Text CommentOf(std::int16_t IntDump) const;
 
     DocumentAccess& document_;

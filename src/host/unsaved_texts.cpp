@@ -1,11 +1,9 @@
 #include "host/unsaved_texts.h"
 
-#include "base/case_map.h"
+#include "base/failure.h"
 #include "base/numbers.h"
-#include "base/utf8.h"
-#include "document/document_access.h"
-#include "document/names.h"
-#include "document/xml_characters.h"
+#include "engine/dump_records.h"
+#include "script/main_query.h"
 #include "shell/ctl_rulemesh.h"
 
 namespace rulemesh {
@@ -13,69 +11,66 @@ namespace rulemesh {
 namespace {
 
 constexpr int RulesTab = 1;
+constexpr int RuleColumn = 1;
 
-// A rule cell that no rule ever reached holds one blank.
-constexpr TextView UntouchedRule = u" ";
+// Texts that differ in carriage returns alone look alike: no key types one by itself.
+bool LookAlike(TextView a, TextView b) { return Without(a, u'\r') == Without(b, u'\r'); }
 
-void Put(XmlNode node, const Text& text, CarriageReturns returns = CarriageReturns::AsLineEnds)
-{
-    // A box shows the stored text decoded and with line ends of its own; what reads the same is not written.
-    if (node && node.text() != text && DecodeEntities(node.text()) != text)
-        node.text(text, returns);
-}
-
-XmlNode ChildOrNew(XmlDocument& document, TextView name)
-{
-    const XmlNode root = document.documentElement();
-    const XmlNode child = root.selectSingleNode(name);
-    return child ? child : AppendChild(document, root, name);
-}
-
-XmlNode Keyed(const XmlDocument& document, TextView name, TextView key, TextView value)
-{
-    if (value.find(u'\'') != TextView::npos)
-        return {}; // no save finds such a key
-    return document.selectSingleNode(u"/" + document.documentElement().baseName() + u"/" + Text(name), key, value);
-}
-
-void PutQuery(XmlDocument& document, const UnsavedTexts& texts)
-{
-    if (texts.QueryTable.empty() || texts.Query.empty())
-        return;
-    XmlNode query = Keyed(document, u"QUERY", u"ST", texts.QueryTable);
-    if (!query)
-        query = AppendChild(document, document.documentElement(), u"QUERY", u"ST", texts.QueryTable);
-    Put(query, texts.Query);
-}
-
-void PutRule(XmlDocument& document, XmlNode dump, const Text& field, const Text& rule)
-{
-    if (!xml::IsName(ToUtf8(field)))
-        return; // a host may write over a row's key
-    XmlNode record = dump.selectSingleNode(field);
-    const Text stored = record ? record.text() : Text();
-    if (rule == stored || (stored.empty() && rule == UntouchedRule))
-        return;
-    if (rule.empty()) {
-        dump.removeChild(record);
-        return;
+// A copy of a designer's document with the operations that write into it. What an operation can't store stays out.
+class Copy {
+public:
+    explicit Copy(XmlDocument& document) : access_(document, state_), records_(access_, state_)
+    {
+        state_.StrTargetTable = document.documentElement().baseName();
+        Try([this] { state_.BoolMultiTarget = records_.CheckMscripts(); });
     }
-    if (!record)
-        record = AppendChild(document, dump, field, u"TEXT", u"");
-    record.text(rule, CarriageReturns::Kept);
-    SetAttribute(record, u"TYPE", rule.find(LineEnd) == Text::npos ? u"0" : u"1");
-}
 
-void PutRules(XmlDocument& document, const UnsavedTexts& texts)
-{
-    if (!texts.Dump || !IsNumeric(*texts.Dump))
-        return;
-    const XmlNode dump = Keyed(document, u"DUMP", u"No", PlainNumber(LeadingNumber(*texts.Dump)));
-    if (!dump)
-        return;
-    for (const auto& [key, rule] : texts.Rules)
-        PutRule(document, dump, ToUpper(FieldNodeName(FieldPart(key))), rule);
-}
+    void Put(const UnsavedTexts& texts)
+    {
+        PutScript(access_.GetPreconditionText(), texts.PreCondition,
+                  [this](const Text& text) { access_.GetNode(access_.RootPath(u"PREC")).text(text); });
+        if (!texts.QueryTable.empty())
+            PutScript(access_.GetQueryText(texts.QueryTable), texts.Query,
+                      [&](const Text& text) { StoreQuery(access_, texts.QueryTable, text); });
+        if (texts.Functions)
+            PutScript(access_.GetFunctionsText(), *texts.Functions,
+                      [this](const Text& text) { access_.SetFunctionsText(text); });
+        if (texts.Variables)
+            PutScript(WithoutMarks(access_.GetVariablesText()), *texts.Variables,
+                      [this](const Text& text) { access_.SetVariablesText(text); });
+        Try([&] { PutRules(texts); });
+    }
+
+private:
+    template <typename Step> void Try(Step step)
+    {
+        try {
+            step();
+        } catch (const Failure&) {
+            return; // a save would fail in the same place
+        }
+    }
+
+    template <typename Store> void PutScript(const Text& stored, const Text& shown, Store store)
+    {
+        if (!LookAlike(stored, shown) && !LookAlike(DecodeEntities(stored), shown))
+            Try([&] { store(shown); });
+    }
+
+    void PutRules(const UnsavedTexts& texts)
+    {
+        if (texts.Dump.empty() || texts.Dump == u"0")
+            return;
+        const std::int16_t dump = ToInt16(texts.Dump);
+        const XmlNode element = records_.DumpToFill(dump, [&] { return texts.DumpTable; });
+        if (const XmlNode table = records_.TableOfDump(dump))
+            records_.SaveRules(element, table, {texts.Rules.begin(), texts.Rules.end()});
+    }
+
+    ControlState state_;
+    DocumentAccess access_;
+    DumpRecords records_;
+};
 
 } // namespace
 
@@ -93,10 +88,11 @@ UnsavedTexts TakeUnsavedTexts(ctlRulemesh& control)
     if (views.MainTab.Tab() != RulesTab)
         return texts; // leaving the rules saves them
     texts.Dump = views.CmbDump.Tag();
+    texts.DumpTable = views.CmbTargetTable.Text();
     const Grid& grid = views.RulesGrid;
     for (int row = 0; row < grid.Rows(); ++row) {
-        const bool open = views.txtgrdline.Visible() && grid.Row() == row && grid.Col() == 1;
-        texts.Rules.emplace_back(grid.TextMatrix(row, 0), open ? views.txtgrdline.Text() : grid.TextMatrix(row, 1));
+        const bool open = views.txtgrdline.Visible() && grid.Row() == row && grid.Col() == RuleColumn;
+        texts.Rules.push_back(open ? views.txtgrdline.Text() : grid.TextMatrix(row, RuleColumn));
     }
     return texts;
 }
@@ -106,13 +102,7 @@ std::string WithUnsavedTexts(std::string object, const UnsavedTexts& texts)
     XmlDocument document;
     if (!document.loadXML(object))
         return object;
-    Put(document.documentElement().selectSingleNode(u"PREC"), texts.PreCondition);
-    PutQuery(document, texts);
-    if (texts.Functions)
-        Put(ChildOrNew(document, u"FUNCTIONS"), *texts.Functions);
-    if (texts.Variables)
-        Put(ChildOrNew(document, u"VAR"), *texts.Variables);
-    PutRules(document, texts);
+    Copy(document).Put(texts);
     return document.xmlUtf8();
 }
 

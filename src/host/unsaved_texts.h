@@ -2,7 +2,6 @@
 
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "base/text.h"
@@ -18,8 +17,9 @@ struct UnsavedTexts {
     Text Query;
     std::optional<Text> Functions; // while the panel is open
     std::optional<Text> Variables;
-    std::optional<Text> Dump;                 // the dump whose rules are shown, while the rules are
-    std::vector<std::pair<Text, Text>> Rules; // by qualified field name, an open cell as it stands
+    Text Dump;               // the tag of the dump whose rules are shown; "" while none are
+    Text DumpTable;          // the target table that is chosen, which a dump without an element fills
+    std::vector<Text> Rules; // by row, an open cell as it stands
 
     friend bool operator==(const UnsavedTexts&, const UnsavedTexts&) = default;
 };
@@ -27,8 +27,8 @@ struct UnsavedTexts {
 /// Looks at the boxes; saves nothing and asks nothing.
 [[nodiscard]] UnsavedTexts TakeUnsavedTexts(ctlRulemesh& control);
 
-/// An object with the unsaved texts put where a save would put them. A text that the object holds already, a script for
-/// a place that the object lacks, and an empty query, which no save stores either, change nothing. UTF-8.
+/// An object (UTF-8) with the unsaved texts in it, written by the operations of the designer's own saves. A script that
+/// its box shows as the object holds it changes nothing, nor does what no save could store.
 [[nodiscard]] std::string WithUnsavedTexts(std::string object, const UnsavedTexts& texts);
 
 /// The object with everything that the user has typed so far. Saves nothing and asks nothing.

@@ -23,17 +23,19 @@ bool MainQueries::HasMainQueryNote() const
     return query && !GetAttribute(query, u"TEXT").empty();
 }
 
-void MainQueries::SaveQuery(const Text& StrTable, const Text& StrText)
+bool StoreQuery(const DocumentAccess& document, TextView StrTable, TextView StrText)
 {
     if (StrText.empty())
-        return;
+        return false;
     try {
-        XmlNode query = document_.GetNode(document_.RootPath(u"QUERY"), u"ST", StrTable);
+        XmlNode query = document.GetNode(document.RootPath(u"QUERY"), u"ST", StrTable);
         if (!query)
-            query = AppendChild(document_.Document(), document_.Document().firstChild(), u"QUERY", u"ST", StrTable);
+            query = AppendChild(document.Document(), document.Document().firstChild(), u"QUERY", u"ST", StrTable);
         query.text(StrText);
+        return true;
     } catch (const Failure& failure) {
-        document_.RecordError(failure.Number(), failure.Description() + u" in Saving Query", 0, u"");
+        document.RecordError(failure.Number(), failure.Description() + u" in Saving Query", 0, u"");
+        return false;
     }
 }
 

@@ -8,6 +8,10 @@
 
 namespace rulemesh {
 
+/// Stores the script of a table. False when nothing was written: an empty script never is, and a failure is recorded as
+/// an error.
+bool StoreQuery(const DocumentAccess& document, TextView StrTable, TextView StrText);
+
 /// The main queries: one script for each migrate table, shown one at a time in txtMainQuery, whose tag names the table.
 /// The scripts decide which dumps exist; a save compares the dumps before and after it and guards against their loss.
 class MainQueries {
@@ -21,8 +25,8 @@ public:
     /// Shows the script of a table; "" empties the box.
     void ShowMigrateQuery(const Text& StrTable);
 
-    /// Stores a script; an empty one is never stored. A failure is recorded as an error.
-    void SaveQuery(const Text& StrTable, const Text& StrText);
+    /// Stores the script of a table, as StoreQuery does.
+    bool SaveQuery(TextView StrTable, TextView StrText) { return StoreQuery(document_, StrTable, StrText); }
 
     /// The full save of the script in the box, with the warnings about lost dumps.
     void SaveMainQuery();

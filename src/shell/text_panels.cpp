@@ -6,13 +6,17 @@ namespace rulemesh {
 
 namespace {
 
-// Marks that other writers leave in the text of the variables.
 constexpr TextView TabMark = u"~|~";
 constexpr TextView LineEndMark = u"~^~";
 
 constexpr int PanelButtonGap = 120; // twips
 
 } // namespace
+
+Text WithoutMarks(TextView StrVariables)
+{
+    return ReplaceAll(ReplaceAll(StrVariables, TabMark, u"\t"), LineEndMark, LineEnd);
+}
 
 void TextPanels::ShowMainQueryView(bool BoolVisible)
 {
@@ -76,8 +80,7 @@ void TextPanels::CmdFunction_Click()
 
 void TextPanels::CmdVariables_Click()
 {
-    Text StrText = ReplaceAll(document_.GetVariablesText(), TabMark, u"\t");
-    StrText = ReplaceAll(StrText, LineEndMark, LineEnd);
+    const Text StrText = WithoutMarks(document_.GetVariablesText());
     OpenPanel(views_.txtVariables, DecodeEntities(StrText), u"Variables / Includes ");
 }
 

@@ -5,6 +5,9 @@
 
 namespace rulemesh {
 
+/// The text of the variables without the marks "~|~" and "~^~" by which other writers tell a tab and a line end.
+[[nodiscard]] Text WithoutMarks(TextView StrVariables);
+
 /// The two panels that take the place of the scripts: the functions and the variables of the object. A panel's text is
 /// stored by OK alone. Also shows and hides the views of the two scripts as groups.
 class TextPanels {
