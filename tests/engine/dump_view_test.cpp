@@ -314,6 +314,54 @@ TEST_F(DumpViewTest, SavingAMissingDumpWithoutAChosenTableSaysSoAndSaves)
     EXPECT_EQ(Dumps(), R"(<DUMP No="2" TT="tgtab001"><ITEM TEXT="" TYPE="0">i</ITEM></DUMP>)");
 }
 
+TEST_F(DumpViewTest, SavingAMissingDumpWithoutAChosenTableTurnsToTheTables)
+{
+    LoadWith(R"(<DUMP No="1" TT="TGTAB001"/>)");
+    NameDumps({{1, u""}, {2, u""}});
+    OfferTables({u"TGTAB003"});
+    views_.CmbTargetTable.Visible(true);
+    views_.FrmRules.Enabled(true);
+    views_.RulesGrid.AddItem({u"tgtab001.item", u""});
+    views_.RulesGrid.AddItem({u"tgtab001.price(1)", u""});
+    views_.CmbDump.Tag(u"1");
+    dumpView_.SaveDumpRules(u"2");
+    EXPECT_EQ(views_.MainTab.Tab(), 1);
+    EXPECT_EQ(views_.Tree.Focused(), &views_.CmbTargetTable);
+    EXPECT_EQ(Dumps(), R"(<DUMP No="1" TT="TGTAB001"/><DUMP No="2" TT=""/>)"); // not stamped: dump 1 is the shown one
+}
+
+TEST_F(DumpViewTest, SavingAMissingDumpOfASingleTargetObjectAsksForNoTable)
+{
+    LoadWith("");
+    views_.RulesGrid.AddItem({u"tgtab001.item", u""});
+    views_.RulesGrid.AddItem({u"tgtab001.price(1)", u""});
+    dumpView_.SaveDumpRules(u"2");
+    EXPECT_EQ(Dumps(), R"(<DUMP No="2"/>)");
+    EXPECT_THAT(platform_.Messages, IsEmpty());
+    EXPECT_EQ(views_.MainTab.Tab(), 0);
+}
+
+TEST_F(DumpViewTest, SavingAMissingDumpAppendsItToTheFirstNodeOfTheDocument)
+{
+    const std::string xml = "<!--c--><tgtab001>" + std::string(Catalogue) + "</tgtab001>";
+    ASSERT_TRUE(document_.loadXML(xml));
+    EXPECT_EQ(FailureOf([&] { dumpView_.SaveDumpRules(u"2"); }), FailureCode::ObjectVariableNotSet);
+    EXPECT_EQ(document_.xmlUtf8(), xml);
+}
+
+TEST_F(DumpViewTest, LeavingTheListMakesTheChosenDumpTheShownOneBeforeItLoads)
+{
+    LoadWith(R"(<DUMP No="1" TT="TGTAB001"/><DUMP No="2" TT="TGTAB002"><CODE>c</CODE></DUMP>)");
+    NameDumps({{1, u""}, {2, u""}});
+    OfferTables({u"TGTAB001", u"TGTAB002"});
+    Show(0);
+    views_.CmbDump.ListIndex(1); // as after a choice that failed before it set the tag
+    dumpView_.CmbDump_LostFocus();
+    EXPECT_EQ(views_.CmbDump.Tag(), u"2");
+    EXPECT_THAT(Keys(), ElementsAre(u"tgtab002.code"));
+    EXPECT_THAT(Rules(), ElementsAre(u"c"));
+}
+
 TEST_F(DumpViewTest, AChoiceSavesTheOldDumpAndNamesTheNewOne)
 {
     LoadWith(R"(<DUMP No="1"/><DUMP No="2" TT="tgtab002" TT_DESC="Codes"/>)");
