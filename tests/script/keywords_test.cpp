@@ -42,6 +42,15 @@ TEST(NextWord, EndsAtNoBarCommaSemicolonOrBracket)
 
 TEST(NextWord, TakesNoOtherCharacterForWhite) { EXPECT_EQ(NextWord(u"\fa\vb\u00A0c d"), u"\fa\vb\u00A0c"); }
 
+TEST(NextWord, EndsAtFourCharactersAlone)
+{
+    for (char16_t character = 1; character < 0xFFFF; ++character) {
+        const bool isWhite = character == u'\n' || character == u'\r' || character == u'\t' || character == u' ';
+        const Text StrText = Text(u"a") + character + u"b";
+        ASSERT_EQ(NextWord(StrText), isWhite ? Text(u"a") : StrText) << static_cast<int>(character);
+    }
+}
+
 TEST(NextWord, CountsItsLengthInSixteenBits)
 {
     EXPECT_EQ(NextWord(Text(32767, u'x') + u" y").size(), 32767U);
@@ -110,6 +119,14 @@ TEST(IsInComment, LooksBackToALineFeed)
     EXPECT_TRUE(IsInComment(u"a\n| x", 5));
 }
 
+TEST(IsInComment, LooksBackBeyondAnythingButABarAndALineFeed)
+{
+    for (char16_t character = 1; character < 0xFFFF; ++character) {
+        const Text StrText = Text(u"|") + character + u"x";
+        ASSERT_EQ(IsInComment(StrText, 3), character != u'\n') << static_cast<int>(character);
+    }
+}
+
 TEST(IsInComment, LooksBackBeyondACarriageReturn) { EXPECT_TRUE(IsInComment(u"| a\rx", 5)); }
 
 TEST(GetDumpComment, StartsWithTheBarAndEndsWithTheLine)
@@ -126,6 +143,7 @@ TEST(GetDumpComment, StartsWithTheBarAndEndsWithTheLine)
         {u" ", u""},
         {u"", u""},
         {u"|x", u""},
+        {u"|x|y", u""},
         {u" 3\n| x", u""},
         {u" 3\r| x", u""},
         {u"\n3 | x", u""},
@@ -178,6 +196,10 @@ TEST(IsTableCode, NeedsFiveCharactersThatAreNoDigits)
             StrName[place] = digit;
             EXPECT_FALSE(IsTableCode(StrName)) << testing::PrintToString(StrName);
         }
+    }
+    for (char16_t character = 1; character < 0xFFFF; ++character) {
+        const bool isDigit = character >= u'0' && character <= u'9';
+        ASSERT_EQ(IsTableCode(Text(u"ab") + character + u"de123"), !isDigit) << static_cast<int>(character);
     }
     EXPECT_TRUE(IsTableCode(u"+-._e123"));
     EXPECT_TRUE(IsTableCode(u"abcd\u0663123"));

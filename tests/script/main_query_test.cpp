@@ -193,6 +193,26 @@ TEST_F(MainQueriesTest, ForgetsTablesButNotCommentsOfDumpsThatAreGone)
     EXPECT_THAT(state_.DumpComments, UnorderedElementsAre(Pair(1, u"| one"), Pair(2, u"| two")));
 }
 
+TEST_F(MainQueriesTest, ForgetsTheOwnersOnlyBehindPreconditionAndFunctions)
+{
+    state_.StrMigrateTables = {u"abcde123", u"fghij456"};
+    const auto collectFrom = [&](const std::string& precondition, const std::string& functions,
+                                 const std::string& query) {
+        Load("<PREC>" + precondition + "</PREC><FUNCTIONS>" + functions + "</FUNCTIONS><QUERY ST=\"abcde123\">" +
+             query + "</QUERY><QUERY ST=\"fghij456\">dump 4</QUERY>");
+        return FailureOf([&] { Collect(); });
+    };
+    ASSERT_EQ(collectFrom("dump 1", "", "dump 3"), std::nullopt);
+    const auto all = UnorderedElementsAre(Pair(1, Text()), Pair(3, Text(u"abcde123")), Pair(4, Text(u"fghij456")));
+    EXPECT_THAT(state_.DumpSourceTables, all);
+    EXPECT_EQ(collectFrom("dump 2 dump 40000", "", ""), FailureCode::Overflow);
+    EXPECT_THAT(state_.DumpSourceTables, all);
+    EXPECT_EQ(collectFrom("dump 2", "dump 40000", ""), FailureCode::Overflow);
+    EXPECT_THAT(state_.DumpSourceTables, all);
+    EXPECT_EQ(collectFrom("dump 2", "", "dump 5 dump 40000"), FailureCode::Overflow);
+    EXPECT_THAT(state_.DumpSourceTables, ElementsAre(Pair(2, Text())));
+}
+
 TEST_F(MainQueriesTest, IndexesNothingForTheListThatHoldsZero)
 {
     Load("<PREC>dump 0 | none</PREC>");
@@ -255,6 +275,19 @@ TEST_F(MainQueriesTest, DoesNotWarnAgainOfALossThatWasAccepted)
     ASSERT_EQ(Boxes().size(), 1U);
     queries_.SaveMainQuery();
     EXPECT_THAT(Boxes(), IsEmpty());
+}
+
+TEST_F(MainQueriesTest, ResetsThePriorTextsBeforeTheScriptsAreRead)
+{
+    Load("<PREC/><QUERY ST=\"abcde123\">dump 1 | one\ndump 2 | two</QUERY>");
+    state_.StrMigrateTables = {u"abcde123"};
+    Edit(u"abcde123", u"select");
+    queries_.SaveMainQuery();
+    EXPECT_THAT(state_.IntPriorDumpNumbers, ElementsAre(1, 2));
+    EXPECT_THAT(state_.StrPriorDumpTexts, ElementsAre(u"| one", u"| two"));
+    queries_.SaveMainQuery();
+    EXPECT_THAT(state_.IntPriorDumpNumbers, ElementsAre(0));
+    EXPECT_THAT(state_.StrPriorDumpTexts, ElementsAre(u""));
 }
 
 TEST_F(MainQueriesTest, KeepsTheStoredScriptWhenTheBoxIsCleared)
