@@ -168,7 +168,8 @@ struct DesignerViews {
                      {u"", 2540}},
          .Sorted = true,
          .SortKey = 2,
-         .ToolTipPosition = 11}};
+         .ToolTipPosition = 11,
+         .SearchPosition = 3}};
     ListView lstSourceFields{Tree,
                              {.Name = u"lstSourceFields",
                               .Parent = &FrmRules,
@@ -189,7 +190,8 @@ struct DesignerViews {
                               .CheckBoxes = true,
                               .Sorted = true,
                               .SortKey = 1,
-                              .ToolTipPosition = 10}};
+                              .ToolTipPosition = 10,
+                              .SearchPosition = 2}};
     Button CmdFuncBuild{Tree,
                         {.Name = u"CmdFuncBuild",
                          .Parent = &FrmRules,

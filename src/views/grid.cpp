@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/failure.h"
+#include "views/text_box.h"
 #include "views/view_tree.h"
 
 namespace rulemesh {
@@ -112,6 +113,35 @@ void Grid::UserPresses(std::int16_t KeyAscii)
 {
     if (Tree().MoveFocus(*this))
         Run(KeyPress, KeyAscii);
+}
+
+void Grid::UserTypes(TextView text)
+{
+    if (text.empty())
+        return;
+    UserPresses(static_cast<std::int16_t>(text.front()));
+    auto* box = dynamic_cast<TextBox*>(Tree().Focused());
+    if (text.size() == 1 || box == nullptr)
+        return;
+    rulemesh::Text whole = box->Text();
+    whole.insert(box->SelStart(), text.substr(1));
+    box->UserTypes(std::move(whole));
+}
+
+void Grid::UserMovesTo(int row, int col)
+{
+    if (!Tree().MoveFocus(*this) || Rows() == 0)
+        return;
+    MakeCurrent(std::clamp(row, 0, Rows() - 1), col);
+    UserScrollsToShow(row_);
+}
+
+void Grid::UserScrollsToShow(int row)
+{
+    if (row < topRow_)
+        UserScrolls(row);
+    else if (!RowIsVisible(row))
+        UserScrolls(row - std::max(Height() / RowHeight, 1) + 1);
 }
 
 void Grid::UserScrolls(int top)

@@ -65,8 +65,18 @@ public:
     /// A character key in the grid.
     void UserPresses(std::int16_t KeyAscii);
 
+    /// The user types several characters at once, as an input method does: the first is a key in the grid, the others
+    /// go to the text box that has the focus by then.
+    void UserTypes(TextView text);
+
+    /// The user moves to a cell by keys; the row nearest to it where there is none. It is scrolled into sight.
+    void UserMovesTo(int row, int col);
+
     /// The user scrolls so that this row is on top.
     void UserScrolls(int top);
+
+    /// The user scrolls just as far as brings a row into sight.
+    void UserScrollsToShow(int row);
 
     Slot Click;
     Slot DblClick;

@@ -52,6 +52,15 @@ std::size_t ListView::IndexOf(int row) const
     return sorting_[shown];
 }
 
+int ListView::RowOf(std::size_t index) const
+{
+    if (!design_.Sorted)
+        return static_cast<int>(index) + 1;
+    if (!sortingHolds_)
+        Sort();
+    return static_cast<int>(std::find(sorting_.begin(), sorting_.end(), index) - sorting_.begin()) + 1;
+}
+
 const ListView::Row& ListView::At(int row) const { return rows_[IndexOf(row)]; }
 
 Text ListView::TextAt(int row, int position) const { return Text(At(row).TextAt(position)); }
@@ -66,6 +75,8 @@ void ListView::RowsChanged()
 void ListView::Clear()
 {
     rows_.clear();
+    current_.reset();
+    anchor_.reset();
     scrollRequest_ = 0;
     RowsChanged();
 }
@@ -80,13 +91,25 @@ void ListView::Insert(int row, std::vector<Text> texts)
 {
     if (row < 1 || row > Count() + 1)
         throw Failure(FailureCode::IndexOutOfBounds);
+    const auto at = static_cast<std::size_t>(row) - 1;
     rows_.insert(rows_.begin() + (row - 1), {.Texts = std::move(texts)});
+    for (std::optional<std::size_t>* kept : {&current_, &anchor_}) {
+        if (*kept >= at)
+            ++**kept;
+    }
     RowsChanged();
 }
 
 void ListView::Remove(int row)
 {
-    rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(IndexOf(row)));
+    const std::size_t index = IndexOf(row);
+    rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(index));
+    for (std::optional<std::size_t>* kept : {&current_, &anchor_}) {
+        if (*kept == index)
+            kept->reset();
+        else if (*kept > index)
+            --**kept;
+    }
     scrollRequest_ = 0;
     RowsChanged();
 }
@@ -105,6 +128,7 @@ void ListView::SelectOnly(std::size_t index)
     for (Row& row : rows_)
         row.Selected = false;
     rows_[index].Selected = true;
+    current_ = anchor_ = index;
     Changed();
 }
 
@@ -153,22 +177,6 @@ void ListView::BeforeGotFocus()
 {
     if (Count() > 0 && SelectedRow() == 0)
         Select(1, true);
-}
-
-void ListView::UserClicksRow(int row)
-{
-    if (!Tree().MoveFocus(*this) || row > Count())
-        return;
-    SelectOnly(IndexOf(row));
-    Run(ItemClick, row);
-}
-
-void ListView::UserTicks(int row, bool checked)
-{
-    if (!Tree().MoveFocus(*this) || row > Count() || At(row).Checked == checked)
-        return;
-    Check(row, checked);
-    Run(ItemCheck);
 }
 
 } // namespace rulemesh

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -32,6 +33,7 @@ public:
         bool Sorted = false;
         int SortKey = 0;
         int ToolTipPosition = -1; // the position whose text is also its cell's tool tip; -1 for none
+        int SearchPosition = 0;   // the position in which typing ahead finds a row
     };
 
     struct Row {
@@ -48,6 +50,8 @@ public:
     [[nodiscard]] const std::vector<Column>& Columns() const noexcept { return design_.Columns; }
     [[nodiscard]] bool HasCheckBoxes() const noexcept { return design_.CheckBoxes; }
     [[nodiscard]] int ToolTipPosition() const noexcept { return design_.ToolTipPosition; }
+
+    [[nodiscard]] int SearchPosition() const noexcept { return design_.SearchPosition; }
 
     /// Raises InvalidPropertyValue for a negative width.
     void ColumnWidth(int column, int width);
@@ -68,6 +72,12 @@ public:
 
     /// The first selected row, 0 for none.
     [[nodiscard]] int SelectedRow() const;
+
+    /// The row from which the user's keys go on: the last one that was clicked, ticked or moved to, else the first
+    /// selected one; 0 for none.
+    [[nodiscard]] int CurrentRow() const;
+
+    [[nodiscard]] bool TakesSeveral() const noexcept { return design_.Select == Selection::Multiple; }
 
     /// In a list of single selection, selecting a row takes the selection from the others. Runs no click.
     void Select(int row, bool selected);
@@ -91,6 +101,22 @@ public:
     void UserClicksRow(int row);
     void UserTicks(int row, bool checked);
 
+    /// The user takes a row into the selection, or out of it, and leaves the others (a click with control). In a list
+    /// of single selection a plain click.
+    void UserTogglesRow(int row);
+
+    /// The user selects all rows from the last one that was clicked or toggled to this one, and no others (a click with
+    /// shift). In a list of single selection a plain click.
+    void UserExtendsTo(int row);
+
+    /// The user makes a row the current one and selects nothing by it (an arrow key with control). In a list of single
+    /// selection a plain click.
+    void UserMovesTo(int row);
+
+    /// The first row behind `row`, and then from the top, in which the text of the search position, or what stands
+    /// behind a table's name and point there, begins with what the user typed, case ignored; 0 for none.
+    [[nodiscard]] int RowBeginningWith(TextView typed, int row) const;
+
     /// The user clicks a column header; the focus stays.
     void UserClicksHeader(int column) { Run(ColumnClick, column); }
 
@@ -103,6 +129,7 @@ protected:
 
 private:
     [[nodiscard]] std::size_t IndexOf(int row) const;
+    [[nodiscard]] int RowOf(std::size_t index) const;
     void SelectOnly(std::size_t index);
     void Sort() const;
     void RowsChanged();
@@ -112,6 +139,8 @@ private:
     std::vector<Row> rows_;                      // as they were added
     mutable std::vector<std::uint32_t> sorting_; // rows_ indexes in the shown order, while sortingHolds_
     mutable bool sortingHolds_ = false;
+    std::optional<std::size_t> current_; // indexes in rows_
+    std::optional<std::size_t> anchor_;
     int scrollRequest_ = 0;
     unsigned rowChanges_ = 0;
 };

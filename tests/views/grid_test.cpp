@@ -261,5 +261,46 @@ TEST_F(GridTest, RefusesANegativeColumnWidth)
     EXPECT_EQ(Cells.ColWidth(1), 700);
 }
 
+TEST_F(GridTest, TypedTextOpensWithItsFirstCharacterAndGoesOnInTheBox)
+{
+    Cells.KeyPress = [this](std::int16_t KeyAscii) {
+        Box.Text(u"<" + Text(1, static_cast<char16_t>(KeyAscii)) + u">");
+        Box.SelStart(2);
+        Box.SetFocus();
+    };
+    Cells.UserTypes(u"\xD83D\xDE00y");
+    EXPECT_EQ(Box.Text(), u"<\xD83D\xDE00y>");
+}
+
+TEST_F(GridTest, TypedTextThatOpensNothingEndsWithItsFirstCharacter)
+{
+    std::vector<int> keys;
+    Cells.KeyPress = [&](std::int16_t KeyAscii) { keys.push_back(KeyAscii); };
+    Cells.UserTypes(u"ab");
+    Cells.UserTypes(u"");
+    EXPECT_THAT(keys, ElementsAre('a'));
+    EXPECT_EQ(Box.Text(), u"");
+}
+
+TEST_F(GridTest, UserMovesToTheNearestCellAndSeesIt)
+{
+    Cells.UserMovesTo(12, 1);
+    EXPECT_THAT(TakeLog(), ElementsAre("leave 0,0", "enter 12,1", "scroll 4"));
+    Cells.UserMovesTo(99, 1);
+    EXPECT_THAT(TakeLog(), ElementsAre("leave 12,1", "enter 19,1", "scroll 11"));
+    Cells.UserMovesTo(-1, 0);
+    EXPECT_THAT(TakeLog(), ElementsAre("leave 19,1", "enter 0,0", "scroll 0"));
+}
+
+TEST_F(GridTest, UserScrollsJustAsFarAsShowsARow)
+{
+    Cells.UserScrollsToShow(8);
+    EXPECT_THAT(TakeLog(), IsEmpty());
+    Cells.UserScrollsToShow(9);
+    EXPECT_THAT(TakeLog(), ElementsAre("scroll 1"));
+    Cells.UserScrollsToShow(0);
+    EXPECT_THAT(TakeLog(), ElementsAre("scroll 0"));
+}
+
 } // namespace
 } // namespace rulemesh

@@ -1,0 +1,90 @@
+#include <algorithm>
+
+#include "base/case_map.h"
+#include "views/list_view.h"
+#include "views/view_tree.h"
+
+namespace rulemesh {
+
+int ListView::CurrentRow() const { return current_ ? RowOf(*current_) : SelectedRow(); }
+
+void ListView::UserClicksRow(int row)
+{
+    if (!Tree().MoveFocus(*this) || row > Count())
+        return;
+    SelectOnly(IndexOf(row));
+    Run(ItemClick, row);
+}
+
+void ListView::UserTicks(int row, bool checked)
+{
+    if (!Tree().MoveFocus(*this) || row > Count() || At(row).Checked == checked)
+        return;
+    current_ = anchor_ = IndexOf(row);
+    Check(row, checked);
+    Run(ItemCheck);
+}
+
+void ListView::UserTogglesRow(int row)
+{
+    if (!TakesSeveral()) {
+        UserClicksRow(row);
+        return;
+    }
+    if (!Tree().MoveFocus(*this) || row > Count())
+        return;
+    const std::size_t index = IndexOf(row);
+    rows_[index].Selected = !rows_[index].Selected;
+    current_ = anchor_ = index;
+    Changed();
+    Run(ItemClick, row);
+}
+
+void ListView::UserExtendsTo(int row)
+{
+    if (!TakesSeveral()) {
+        UserClicksRow(row);
+        return;
+    }
+    if (!Tree().MoveFocus(*this) || row > Count())
+        return;
+    const std::size_t index = IndexOf(row);
+    if (!anchor_)
+        anchor_ = CurrentRow() == 0 ? index : IndexOf(CurrentRow());
+    const int anchor = RowOf(*anchor_);
+    const int first = std::min(anchor, row);
+    const int last = std::max(anchor, row);
+    for (int each = 1; each <= Count(); ++each)
+        rows_[IndexOf(each)].Selected = each >= first && each <= last;
+    current_ = index;
+    Changed();
+    Run(ItemClick, row);
+}
+
+void ListView::UserMovesTo(int row)
+{
+    if (!TakesSeveral()) {
+        UserClicksRow(row);
+        return;
+    }
+    if (!Tree().MoveFocus(*this) || row > Count())
+        return;
+    current_ = IndexOf(row);
+    Changed();
+}
+
+int ListView::RowBeginningWith(TextView typed, int row) const
+{
+    const Text sought = ToUpper(typed);
+    const auto begins = [&](TextView text) { return ToUpper(text.substr(0, sought.size())) == sought; };
+    for (int step = 1; step <= Count(); ++step) {
+        const int candidate = (row + step - 1) % Count() + 1;
+        const TextView text = At(candidate).TextAt(design_.SearchPosition);
+        const std::size_t point = text.find(u'.');
+        if (begins(text) || (point != TextView::npos && begins(text.substr(point + 1))))
+            return candidate;
+    }
+    return 0;
+}
+
+} // namespace rulemesh
