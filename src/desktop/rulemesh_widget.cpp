@@ -74,11 +74,8 @@ void RulemeshWidget::Build(Platform& platform, ControlEvents& events)
 
 QSize RulemeshWidget::sizeHint() const { return {surface_->Pixels(DesignWidth), surface_->Pixels(DesignHeight)}; }
 
-QSize RulemeshWidget::minimumSizeHint() const
-{
-    constexpr int NarrowestWidth = 9750; // twips; below it captions and lists crowd each other
-    return {surface_->Pixels(NarrowestWidth), surface_->Pixels(DesignHeight)};
-}
+// The control has no minimum size; what it can't show, a host that is too small doesn't.
+QSize RulemeshWidget::minimumSizeHint() const { return {1, 1}; }
 
 QString RulemeshWidget::TargetTable() const { return ToQt(TrimBlanks(control_->State().StrTargetTable)); }
 

@@ -12,10 +12,12 @@ namespace {
 
 class Looks : public DesignerWindow {
 protected:
+    // The least width, in twips, at which nothing is in the way of anything else.
     void MakeNarrowest()
     {
-        Host.resize(Designer.minimumSizeHint());
-        Designer.resize(Designer.minimumSizeHint());
+        const QSize size(Surface().Pixels(9750), Surface().Pixels(DesignHeight));
+        Host.resize(size);
+        Designer.resize(size);
     }
 
     // The captions that need more room than their button or label has, or stand outside of their parent.
@@ -66,6 +68,12 @@ TEST_F(Looks, NoCaptionIsCutAtTheNarrowestWidth)
     EXPECT_EQ(CutCaptions().join(u','), QString());
     ShowRules();
     EXPECT_EQ(CutCaptions().join(u','), QString());
+}
+
+TEST_F(Looks, ControlHasNoMinimumSize)
+{
+    EXPECT_LE(Designer.minimumSizeHint().width(), 1);
+    EXPECT_LE(Designer.minimumSizeHint().height(), 1);
 }
 
 TEST_F(Looks, ViewsFollowTheSizeOfTheWidget)
