@@ -1,6 +1,6 @@
 #include "desktop/combo_widget.h"
 
-#include <QEvent>
+#include <QMouseEvent>
 #include <QSignalBlocker>
 
 #include "desktop/qt_text.h"
@@ -11,8 +11,11 @@ ComboWidget::ComboWidget(ViewSurface& surface, ComboBox& combo, QWidget& parent)
     : ViewWidget(surface, combo), combo_(combo), widget_(std::make_unique<QComboBox>(&parent))
 {
     Adopt(*widget_);
-    connect(widget_.get(), &QComboBox::activated, this,
-            [this](int index) { Surface().Act([this, index] { combo_.UserChooses(index); }); });
+    // The box has changed by now; it goes back when the choice is lost.
+    connect(widget_.get(), &QComboBox::activated, this, [this](int index) {
+        Surface().Act([this, index] { combo_.UserChooses(index); });
+        Sync();
+    });
 }
 
 bool ComboWidget::ShowsEntries() const
@@ -32,6 +35,7 @@ void ComboWidget::Sync()
     ViewWidget::Sync();
     const QSignalBlocker blocker(widget_.get());
     if (!ShowsEntries()) {
+        widget_->hidePopup();
         widget_->clear();
         for (const ComboBox::Entry& entry : combo_.Entries())
             widget_->addItem(ToQt(entry.Text));
@@ -43,6 +47,8 @@ bool ComboWidget::HandleMousePress(QMouseEvent& /*event*/, bool /*twice*/) { ret
 
 bool ComboWidget::eventFilter(QObject* watched, QEvent* event)
 {
+    if (IsOfMouse(*event) && static_cast<QMouseEvent*>(event)->button() > Qt::LeftButton)
+        return true; // only the left button opens the entries
     if (event->type() == QEvent::Wheel && !combo_.HasFocus()) {
         event->ignore(); // rolling over a combo chooses nothing
         return true;

@@ -2,19 +2,21 @@
 
 #include <algorithm>
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 
+#include "desktop/key_codes.h"
 #include "desktop/qt_text.h"
 
 namespace rulemesh {
 
 namespace {
 
-// A table that scrolls until its last row is on top, row by row.
+// A table that scrolls until its last row is on top, row by row, and never sideways. Input methods may type into it.
 class LastRowOnTopTable : public QTableView {
 public:
     using QTableView::QTableView;
@@ -30,6 +32,13 @@ protected:
         verticalScrollBar()->setRange(0, std::max(rows - 1, 0));
         verticalScrollBar()->setValue(Top);
         verticalHeader()->setOffsetToSectionPosition(Top);
+        horizontalScrollBar()->setRange(0, 0);
+    }
+
+    void focusInEvent(QFocusEvent* event) override
+    {
+        QTableView::focusInEvent(event);
+        setAttribute(Qt::WA_InputMethodEnabled);
     }
 };
 
@@ -63,7 +72,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const
     if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
         return ToQt(grid_.TextMatrix(index.row(), index.column()));
     if (role == Qt::TextAlignmentRole)
-        return static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter);
+        return static_cast<int>(Qt::AlignLeft | (index.column() == 0 ? Qt::AlignVCenter : Qt::AlignTop));
     return {};
 }
 
@@ -80,10 +89,15 @@ void GridModel::Refresh()
 
 GridWidget::GridWidget(ViewSurface& surface, Grid& grid, QWidget& parent)
     : ViewWidget(surface, grid), grid_(grid), widget_(std::make_unique<LastRowOnTopTable>(&parent)),
-      model_(grid, nullptr)
+      model_(grid, nullptr), selection_(model_)
 {
     Adopt(*widget_, widget_->viewport());
     widget_->setModel(&model_);
+    widget_->setSelectionModel(&selection_);
+    selection_.OnWish = [this](const QModelIndex& index, ShownSelection::Wish wish) {
+        if (wish != ShownSelection::Wish::Deselect)
+            ClickCell(index.row(), index.column(), Grid::Clicks::Single);
+    };
     widget_->setItemDelegate(new FirstLineDelegate(widget_.get()));
     widget_->setFrameShape(QFrame::NoFrame);
     widget_->horizontalHeader()->hide();
@@ -117,7 +131,8 @@ void GridWidget::Sync()
     for (int col = 0; col < Grid::ColumnCount; ++col)
         table.horizontalHeader()->resizeSection(col, Surface().Pixels(grid_.ColWidth(col)));
     const QModelIndex current = model_.index(grid_.Row(), grid_.Col());
-    table.selectionModel()->setCurrentIndex(current, QItemSelectionModel::ClearAndSelect);
+    selection_.Show(current, QItemSelection(current, current));
+    table.setAttribute(Qt::WA_InputMethodEnabled);
     table.Top = grid_.TopRow();
     table.verticalScrollBar()->setRange(0, std::max(grid_.Rows() - 1, 0));
     table.verticalScrollBar()->setValue(table.Top);
@@ -126,12 +141,14 @@ void GridWidget::Sync()
 }
 
 // Keys that move the current cell by themselves; the row that becomes current is brought into sight.
-bool GridWidget::MoveByKey(int key)
+bool GridWidget::MoveByKey(const QKeyEvent& event)
 {
+    if ((event.modifiers() & (Qt::AltModifier | Qt::MetaModifier)) != 0)
+        return false;
     const int page = std::max(1, grid_.Height() / Grid::RowHeight - 1);
     int row = grid_.Row();
     int col = grid_.Col();
-    switch (key) {
+    switch (event.key()) {
     case Qt::Key_Up:
         --row;
         break;
@@ -159,15 +176,7 @@ bool GridWidget::MoveByKey(int key)
     default:
         return false;
     }
-    if (grid_.Rows() == 0)
-        return true;
-    Surface().Act([&] {
-        grid_.Row(std::clamp(row, 0, grid_.Rows() - 1));
-        grid_.Col(col);
-        if (!grid_.RowIsVisible(grid_.Row()))
-            grid_.TopRow(grid_.Row() < grid_.TopRow() ? grid_.Row()
-                                                      : grid_.Row() - grid_.Height() / Grid::RowHeight + 1);
-    });
+    Surface().Act([&] { grid_.UserMovesTo(row, col); });
     return true;
 }
 
@@ -182,26 +191,54 @@ bool GridWidget::HandleKey(QKeyEvent& event)
         Surface().MoveFocusByTab(event.key() == Qt::Key_Tab && !(modifiers & Qt::ShiftModifier));
         return true;
     }
-    if (MoveByKey(event.key()))
+    if (event.matches(QKeySequence::Copy))
+        return false; // copying selects nothing
+    if (MoveByKey(event))
         return true;
-    const bool command = (modifiers & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
-    const QString text = event.text();
-    if (command || text.isEmpty())
-        return false;
-    Surface().Act([&] { grid_.UserPresses(static_cast<std::int16_t>(text.at(0).unicode())); });
+    const QString character = CharacterOf(event);
+    if (character.isEmpty())
+        event.ignore(); // not the grid's; the widgets around may have a use for it
+    else
+        Surface().Act([&] { grid_.UserTypes(FromQt(character)); });
     return true;
+}
+
+// A row that is drawn in part is scrolled into sight first.
+void GridWidget::ClickCell(int row, int col, Grid::Clicks clicks)
+{
+    Surface().Act([&] {
+        grid_.UserScrollsToShow(row);
+        grid_.UserClicksCell(row, col, clicks);
+    });
 }
 
 bool GridWidget::HandleMousePress(QMouseEvent& event, bool twice)
 {
-    const QModelIndex index = widget_->indexAt(event.position().toPoint());
-    if (!index.isValid())
+    const QPoint at = event.position().toPoint();
+    const QModelIndex index = widget_->indexAt(at);
+    if (!index.isValid()) {
         Surface().FocusFor(grid_);
-    else
-        Surface().Act([&] {
-            grid_.UserClicksCell(index.row(), index.column(), twice ? Grid::Clicks::Second : Grid::Clicks::Single);
-        });
+        return true;
+    }
+    // The first press may have scrolled; the second one of a double click is for the same cell.
+    const bool again = twice && (at - pressedAt_).manhattanLength() <= QApplication::startDragDistance();
+    if (!again)
+        pressedCell_ = {index.column(), index.row()};
+    pressedAt_ = at;
+    ClickCell(pressedCell_.y(), pressedCell_.x(), twice ? Grid::Clicks::Second : Grid::Clicks::Single);
     return true;
+}
+
+bool GridWidget::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == widget_.get() && event->type() == QEvent::InputMethod) {
+        const QString text = static_cast<QInputMethodEvent*>(event)->commitString();
+        if (IsPrintable(text))
+            Surface().Act([&] { grid_.UserTypes(FromQt(text)); });
+        return true;
+    }
+    const bool taken = ViewWidget::eventFilter(watched, event);
+    return taken || (watched == widget_->viewport() && IsOfMouse(*event));
 }
 
 } // namespace rulemesh

@@ -3,6 +3,7 @@
 #include <QAbstractTableModel>
 #include <QTableView>
 
+#include "desktop/shown_selection.h"
 #include "desktop/view_widget.h"
 #include "views/grid.h"
 
@@ -27,6 +28,8 @@ private:
     int rows_ = 0;
 };
 
+/// A grid on the screen. Current cell and scroll place are the model's: no event reaches the toolkit's own ways of
+/// selecting, and whatever scrolls does so by the user's entrance.
 class GridWidget : public ViewWidget {
 public:
     GridWidget(ViewSurface& surface, Grid& grid, QWidget& parent);
@@ -38,13 +41,18 @@ public:
 protected:
     bool HandleKey(QKeyEvent& event) override;
     bool HandleMousePress(QMouseEvent& event, bool twice) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    [[nodiscard]] bool MoveByKey(int key);
+    [[nodiscard]] bool MoveByKey(const QKeyEvent& event);
+    void ClickCell(int row, int col, Grid::Clicks clicks);
 
     Grid& grid_;
     std::unique_ptr<QTableView> widget_;
     GridModel model_;
+    ShownSelection selection_;
+    QPoint pressedAt_;
+    QPoint pressedCell_; // column and row of the last press
 };
 
 } // namespace rulemesh

@@ -52,6 +52,49 @@ std::int16_t ShiftOf(const QKeyEvent& event)
     return static_cast<std::int16_t>(shift);
 }
 
+bool IsPrintable(QStringView text)
+{
+    if (text.isEmpty())
+        return false;
+    const bool pair = text.size() > 1 && text.front().isHighSurrogate() && text[1].isLowSurrogate();
+    const char32_t character =
+        pair ? QChar::surrogateToUcs4(text[0], text[1]) : static_cast<char32_t>(text.front().unicode());
+    switch (QChar::category(character)) {
+    case QChar::Other_Control:
+    case QChar::Other_Format:
+    case QChar::Other_Surrogate:
+    case QChar::Other_PrivateUse:
+    case QChar::Separator_Line:
+    case QChar::Separator_Paragraph:
+        return false;
+    default:
+        return true;
+    }
+}
+
+QString CharacterOf(const QKeyEvent& event)
+{
+    const Qt::KeyboardModifiers held = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    const bool thirdLevel = held == (Qt::ControlModifier | Qt::AltModifier);
+    if (held != Qt::NoModifier && !thirdLevel)
+        return {};
+    if (IsPrintable(event.text()))
+        return event.text();
+    if (thirdLevel)
+        return {};
+    switch (event.key()) {
+    case Qt::Key_Backspace:
+        return QStringLiteral("\b");
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return QStringLiteral("\r");
+    case Qt::Key_Escape:
+        return QStringLiteral("\x1B");
+    default:
+        return {};
+    }
+}
+
 std::optional<KeyStroke> KeyStrokeOf(std::int16_t KeyCode, std::int16_t Shift)
 {
     if (Shift < 0 || Shift > 7)

@@ -2,22 +2,23 @@
 
 #include <algorithm>
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QItemSelection>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
 
+#include "desktop/key_codes.h"
 #include "desktop/qt_text.h"
 
 namespace rulemesh {
 
-namespace {
-
-// Selection and ticks are the model's; the tree draws them and decides nothing.
-class RowTree : public QTreeView {
+class ListWidget::RowTree : public QTreeView {
 public:
     using QTreeView::QTreeView;
+
+    std::function<void(const QString&)> OnTypeAhead;
 
     [[nodiscard]] QStyleOptionViewItem ItemOption() const
     {
@@ -25,96 +26,30 @@ public:
         initViewItemOption(&option);
         return option;
     }
+
+    void keyboardSearch(const QString& text) override { OnTypeAhead(text); }
 };
 
-} // namespace
-
-ListModel::ListModel(ListView& list, QObject* parent) : QAbstractTableModel(parent), list_(list) {}
-
-int ListModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows_; }
-
-int ListModel::columnCount(const QModelIndex& parent) const
-{
-    return parent.isValid() ? 0 : static_cast<int>(list_.Columns().size());
-}
-
-QVariant ListModel::data(const QModelIndex& index, int role) const
-{
-    if (!index.isValid() || index.row() >= list_.Count())
-        return {};
-    const int row = index.row() + 1;
-    switch (role) {
-    case Qt::DisplayRole:
-        return ToQt(list_.At(row).TextAt(index.column()));
-    case Qt::ToolTipRole:
-        if (index.column() == list_.ToolTipPosition())
-            return ToQt(list_.At(row).TextAt(index.column()));
-        return {};
-    case Qt::CheckStateRole:
-        if (list_.HasCheckBoxes() && index.column() == 0)
-            return list_.At(row).Checked ? Qt::Checked : Qt::Unchecked;
-        return {};
-    case Qt::TextAlignmentRole:
-        if (list_.Columns()[static_cast<std::size_t>(index.column())].RightAligned)
-            return static_cast<int>(Qt::AlignRight | Qt::AlignVCenter);
-        return {};
-    default:
-        return {};
-    }
-}
-
-QVariant ListModel::headerData(int section, Qt::Orientation orientation, int role) const
-{
-    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
-        return {};
-    const ListView::Column& column = list_.Columns()[static_cast<std::size_t>(section)];
-    if (role == Qt::DisplayRole)
-        return ToQt(column.Caption);
-    if (role == Qt::TextAlignmentRole)
-        return static_cast<int>((column.RightAligned ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
-    return {};
-}
-
-Qt::ItemFlags ListModel::flags(const QModelIndex& index) const
-{
-    Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
-    if (list_.HasCheckBoxes() && index.column() == 0)
-        flags |= Qt::ItemIsUserCheckable;
-    return flags;
-}
-
-bool ListModel::setData(const QModelIndex& index, const QVariant& value, int role)
-{
-    if (role != Qt::CheckStateRole || !list_.HasCheckBoxes() || index.column() != 0)
-        return false;
-    OnTick(index.row() + 1, value.toInt() == Qt::Checked);
-    return true;
-}
-
-bool ListModel::TakeRowChanges()
-{
-    if (rowChanges_ == list_.RowChanges() && rows_ == list_.Count())
-        return false;
-    beginResetModel();
-    rowChanges_ = list_.RowChanges();
-    rows_ = list_.Count();
-    endResetModel();
-    return true;
-}
-
 ListWidget::ListWidget(ViewSurface& surface, ListView& list, QWidget& parent)
-    : ViewWidget(surface, list), list_(list), widget_(std::make_unique<RowTree>(&parent)), model_(list, nullptr)
+    : ViewWidget(surface, list), list_(list), widget_(std::make_unique<RowTree>(&parent)), model_(list, nullptr),
+      selection_(model_)
 {
     Adopt(*widget_, widget_->viewport());
     widget_->setModel(&model_);
+    widget_->setSelectionModel(&selection_);
     widget_->setRootIsDecorated(false);
     widget_->setUniformRowHeights(true);
     widget_->setAllColumnsShowFocus(true);
     widget_->setAlternatingRowColors(list.Columns().size() > 1);
-    widget_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    widget_->setSelectionMode(list.TakesSeveral() ? QAbstractItemView::ExtendedSelection
+                                                  : QAbstractItemView::SingleSelection);
+    widget_->setAutoScroll(false);
     widget_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     widget_->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     widget_->setTabKeyNavigation(false);
+    QFont font = widget_->font();
+    font.setBold(list.Type().Bold);
+    widget_->setFont(font);
     QHeaderView& header = *widget_->header();
     const bool oneColumn = list.Columns().size() == 1;
     header.setStretchLastSection(oneColumn);
@@ -126,8 +61,18 @@ ListWidget::ListWidget(ViewSurface& surface, ListView& list, QWidget& parent)
     header.setFocusPolicy(Qt::NoFocus);
     connect(&header, &QHeaderView::sectionClicked, this,
             [this](int section) { Surface().Act([&] { list_.UserClicksHeader(section + 1); }); });
-    model_.OnTick = [this](int row, bool checked) { Surface().Act([&] { list_.UserTicks(row, checked); }); };
+    model_.OnTick = [this](int row, bool checked) { SetTick(row, checked); };
+    selection_.OnWish = [this](const QModelIndex& index, ShownSelection::Wish wish) {
+        FollowWish(index.row() + 1, wish);
+    };
+    widget_->OnTypeAhead = [this](const QString& text) { TypeAhead(text); };
 }
+
+ListWidget::~ListWidget() = default;
+
+QWidget& ListWidget::Widget() { return *widget_; }
+
+QTreeView& ListWidget::Tree() noexcept { return *widget_; }
 
 void ListWidget::Sync()
 {
@@ -153,36 +98,69 @@ void ListWidget::Sync()
     SyncSelection();
     if (!rowsChanged)
         widget_->viewport()->update();
-    const int row = list_.TakeScrollRequest();
-    if (row > 0 && row <= list_.Count())
-        widget_->scrollTo(model_.index(row - 1, widget_->header()->logicalIndexAt(0)));
+    ShowRow(list_.TakeScrollRequest());
 }
 
 void ListWidget::SyncSelection()
 {
+    const int lastColumn = model_.columnCount() - 1;
     QItemSelection selection;
-    int first = 0;
     for (int row = 1; row <= list_.Count(); ++row) {
-        if (!list_.At(row).Selected)
-            continue;
-        if (first == 0)
-            first = row;
-        selection.select(model_.index(row - 1, 0), model_.index(row - 1, model_.columnCount() - 1));
+        const int first = row;
+        while (row <= list_.Count() && list_.At(row).Selected)
+            ++row;
+        if (row > first)
+            selection.append(QItemSelectionRange(model_.index(first - 1, 0), model_.index(row - 2, lastColumn)));
     }
-    QItemSelectionModel& selected = *widget_->selectionModel();
-    selected.select(selection, QItemSelectionModel::ClearAndSelect);
-    if (first != 0 && !selected.isRowSelected(selected.currentIndex().row(), {}))
-        selected.setCurrentIndex(model_.index(first - 1, 0), QItemSelectionModel::NoUpdate);
+    selection_.Show(model_.index(list_.CurrentRow() - 1, list_.SearchPosition()), selection);
 }
 
-int ListWidget::CurrentRow() const { return widget_->currentIndex().row() + 1; }
-
-void ListWidget::ClickRow(int row)
+void ListWidget::ShowRow(int row)
 {
-    widget_->selectionModel()->setCurrentIndex(model_.index(row - 1, 0), QItemSelectionModel::NoUpdate);
-    Surface().Act([&] { list_.UserClicksRow(row); });
-    if (row <= list_.Count())
+    if (row > 0 && row <= list_.Count())
         widget_->scrollTo(model_.index(row - 1, widget_->header()->logicalIndexAt(0)));
+}
+
+void ListWidget::GoToRow(int row, Qt::KeyboardModifiers held, void (ListView::*withControl)(int))
+{
+    ShowRow(row);
+    Surface().Act([&] {
+        if ((held & Qt::ShiftModifier) != 0)
+            list_.UserExtendsTo(row);
+        else if ((held & Qt::ControlModifier) != 0)
+            (list_.*withControl)(row);
+        else
+            list_.UserClicksRow(row);
+    });
+}
+
+void ListWidget::SetTick(int row, bool checked)
+{
+    ShowRow(row);
+    Surface().Act([&] { list_.UserTicks(row, checked); });
+}
+
+void ListWidget::FollowWish(int row, ShownSelection::Wish wish)
+{
+    const bool selected = row <= list_.Count() && list_.At(row).Selected;
+    if (wish == ShownSelection::Wish::SelectAlone)
+        GoToRow(row, Qt::NoModifier, nullptr);
+    else if (wish == ShownSelection::Wish::SelectToo ? !selected : selected && list_.TakesSeveral())
+        GoToRow(row, Qt::ControlModifier, &ListView::UserTogglesRow);
+}
+
+// Characters in quick succession are one word; the same one again and again goes from row to row.
+void ListWidget::TypeAhead(const QString& text)
+{
+    const bool goesOn = sinceTyped_.isValid() && !sinceTyped_.hasExpired(QApplication::keyboardInputInterval());
+    sinceTyped_.start();
+    typed_ = goesOn ? typed_ + text : text;
+    const bool oneCharacter = typed_.count(typed_.front()) == typed_.size();
+    const QString sought = oneCharacter ? typed_.left(1) : typed_;
+    const int from = list_.CurrentRow() - (oneCharacter ? 0 : 1);
+    const int row = list_.RowBeginningWith(FromQt(sought), std::max(from, 0));
+    if (row != 0)
+        GoToRow(row, Qt::NoModifier, nullptr);
 }
 
 // The row that a key leads to from the current one, 0 for a key that leads nowhere.
@@ -192,13 +170,13 @@ int ListWidget::RowFor(int key) const
     const auto within = [&](int row) { return std::clamp(row, 1, list_.Count()); };
     switch (key) {
     case Qt::Key_Up:
-        return within(CurrentRow() - 1);
+        return within(list_.CurrentRow() - 1);
     case Qt::Key_Down:
-        return within(CurrentRow() + 1);
+        return within(list_.CurrentRow() + 1);
     case Qt::Key_PageUp:
-        return within(CurrentRow() - page);
+        return within(list_.CurrentRow() - page);
     case Qt::Key_PageDown:
-        return within(CurrentRow() + page);
+        return within(list_.CurrentRow() + page);
     case Qt::Key_Home:
         return 1;
     case Qt::Key_End:
@@ -210,45 +188,64 @@ int ListWidget::RowFor(int key) const
 
 bool ListWidget::HandleKey(QKeyEvent& event)
 {
-    if (list_.Count() == 0)
-        return false;
-    if (event.key() == Qt::Key_Space && list_.HasCheckBoxes() && CurrentRow() > 0) {
-        const int row = CurrentRow();
-        const bool checked = !list_.At(row).Checked;
-        Surface().Act([&] { list_.UserTicks(row, checked); });
-        return true;
-    }
-    const int row = RowFor(event.key());
-    if (row == 0)
-        return false;
-    ClickRow(row);
+    if (event.matches(QKeySequence::Copy) || event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab)
+        return false; // copying and going on select nothing
+    const Qt::KeyboardModifiers held = event.modifiers();
+    const bool plain = (held & (Qt::AltModifier | Qt::MetaModifier)) == 0;
+    const int current = list_.CurrentRow();
+    QScrollBar& sideways = *widget_->horizontalScrollBar();
+    if (plain && list_.Count() > 0 && RowFor(event.key()) != 0)
+        GoToRow(RowFor(event.key()), held, &ListView::UserMovesTo);
+    else if (plain && event.key() == Qt::Key_Space && current != 0 && (held & Qt::ControlModifier) != 0)
+        GoToRow(current, Qt::ControlModifier, &ListView::UserTogglesRow);
+    else if (plain && event.key() == Qt::Key_Space && current != 0 && list_.HasCheckBoxes())
+        SetTick(current, !list_.At(current).Checked);
+    else if (plain && event.key() == Qt::Key_Left)
+        sideways.triggerAction(QAbstractSlider::SliderSingleStepSub);
+    else if (plain && event.key() == Qt::Key_Right)
+        sideways.triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    else if (event.key() != Qt::Key_Space && IsPrintable(CharacterOf(event)))
+        TypeAhead(CharacterOf(event));
+    else
+        event.ignore(); // not the list's; the widgets around may have a use for it
     return true;
 }
 
 QRect ListWidget::CheckBoxOf(int row) const
 {
     const QModelIndex index = model_.index(row - 1, 0);
-    QStyleOptionViewItem option = static_cast<const RowTree&>(*widget_).ItemOption();
+    QStyleOptionViewItem option = widget_->ItemOption();
     option.rect = widget_->visualRect(index);
     option.features |= QStyleOptionViewItem::HasCheckIndicator;
     return widget_->style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, widget_.get());
 }
 
-bool ListWidget::HandleMousePress(QMouseEvent& event, bool /*twice*/)
+bool ListWidget::HandleMousePress(QMouseEvent& event, bool twice)
 {
-    const QModelIndex index = widget_->indexAt(event.position().toPoint());
+    const QPoint at = event.position().toPoint();
+    const QModelIndex index = widget_->indexAt(at);
     if (!index.isValid()) {
         Surface().FocusFor(list_);
         return true;
     }
     const int row = index.row() + 1;
-    if (list_.HasCheckBoxes() && index.column() == 0 && CheckBoxOf(row).contains(event.position().toPoint())) {
-        const bool checked = !list_.At(row).Checked;
-        Surface().Act([&] { list_.UserTicks(row, checked); });
-    } else {
-        ClickRow(row);
-    }
+    const Qt::KeyboardModifiers held = event.modifiers();
+    // The first press may have scrolled; the second one of a double click is for the same row.
+    const bool again = twice && pressed_ && (at - pressedAt_).manhattanLength() <= QApplication::startDragDistance();
+    if (!again && list_.HasCheckBoxes() && index.column() == 0 && CheckBoxOf(row).contains(at))
+        pressed_ = [this, row] { SetTick(row, row <= list_.Count() && !list_.At(row).Checked); };
+    else if (!again)
+        pressed_ = [this, row, held] { GoToRow(row, held, &ListView::UserTogglesRow); };
+    pressedAt_ = at;
+    const auto press = pressed_;
+    press();
     return true;
+}
+
+bool ListWidget::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool taken = ViewWidget::eventFilter(watched, event);
+    return taken || (watched == widget_->viewport() && IsOfMouse(*event));
 }
 
 } // namespace rulemesh

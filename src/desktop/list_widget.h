@@ -1,44 +1,22 @@
 #pragma once
 
-#include <QAbstractTableModel>
+#include <QElapsedTimer>
 #include <QTreeView>
 
+#include "desktop/list_model.h"
+#include "desktop/shown_selection.h"
 #include "desktop/view_widget.h"
-#include "views/list_view.h"
 
 namespace rulemesh {
 
-/// Reads the rows of a ListView on demand.
-class ListModel : public QAbstractTableModel {
-    Q_OBJECT
-
-public:
-    ListModel(ListView& list, QObject* parent);
-
-    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
-    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
-    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
-    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
-    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
-
-    /// A screen reader's way to tick a row.
-    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
-    std::function<void(int row, bool checked)> OnTick;
-
-    /// Tells the view that rows came, went or moved; false when none did since the last call.
-    bool TakeRowChanges();
-
-private:
-    ListView& list_;
-    int rows_ = 0;
-    unsigned rowChanges_ = 0;
-};
-
+/// A list on the screen. Selection, current row and ticks are the model's: no event reaches the toolkit's own ways of
+/// selecting.
 class ListWidget : public ViewWidget {
 public:
     ListWidget(ViewSurface& surface, ListView& list, QWidget& parent);
-    [[nodiscard]] QWidget& Widget() override { return *widget_; }
-    [[nodiscard]] QTreeView& Tree() noexcept { return *widget_; }
+    ~ListWidget() override;
+    [[nodiscard]] QWidget& Widget() override;
+    [[nodiscard]] QTreeView& Tree() noexcept;
     void Sync() override;
 
     /// The place of a row's check box in the list's viewport.
@@ -47,17 +25,29 @@ public:
 protected:
     bool HandleKey(QKeyEvent& event) override;
     bool HandleMousePress(QMouseEvent& event, bool twice) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void ClickRow(int row);
+    class RowTree;
+
+    /// Goes to a row as a click does, or as one with shift or control.
+    void GoToRow(int row, Qt::KeyboardModifiers modifiers, void (ListView::*withControl)(int));
+    void SetTick(int row, bool checked);
+    void ShowRow(int row);
     void SyncSelection();
-    [[nodiscard]] int CurrentRow() const;
+    void TypeAhead(const QString& text);
+    void FollowWish(int row, ShownSelection::Wish wish);
     [[nodiscard]] int RowFor(int key) const;
 
     ListView& list_;
-    std::unique_ptr<QTreeView> widget_;
+    std::unique_ptr<RowTree> widget_;
     ListModel model_;
+    ShownSelection selection_;
     std::vector<int> columnWidths_; // twips, as they were brought to the header last
+    QString typed_;                 // what is being typed ahead
+    QElapsedTimer sinceTyped_;
+    QPoint pressedAt_;
+    std::function<void()> pressed_; // what the last press did
 };
 
 } // namespace rulemesh

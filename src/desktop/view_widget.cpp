@@ -79,6 +79,12 @@ bool ViewWidget::eventFilter(QObject* watched, QEvent* event)
     return QObject::eventFilter(watched, event);
 }
 
+bool IsOfMouse(const QEvent& event)
+{
+    return event.type() == QEvent::MouseButtonPress || event.type() == QEvent::MouseButtonRelease ||
+           event.type() == QEvent::MouseButtonDblClick || event.type() == QEvent::MouseMove;
+}
+
 std::unique_ptr<ViewWidget> MakeViewWidget(ViewSurface& surface, View& view, QWidget& parent)
 {
     switch (view.Kind()) {

@@ -45,6 +45,9 @@ private:
     View& view_;
 };
 
+/// Whether an event is a press, a release or a move of the mouse, with whatever button.
+[[nodiscard]] bool IsOfMouse(const QEvent& event);
+
 /// Makes the widget for a view as a child of `parent`.
 [[nodiscard]] std::unique_ptr<ViewWidget> MakeViewWidget(ViewSurface& surface, View& view, QWidget& parent);
 

@@ -243,10 +243,15 @@ void WindowHands::ClickCell(Grid& grid, int row, int col, Grid::Clicks clicks)
 
 void WindowHands::PressCharacter(Grid& grid, std::int16_t KeyAscii)
 {
-    QWidget& widget = SurfaceOf(grid).WidgetOf(grid);
+    ViewSurface& surface = SurfaceOf(grid);
+    QWidget& widget = surface.WidgetOf(grid);
     Activate(widget);
-    const auto character = static_cast<char16_t>(KeyAscii);
-    SendKey(widget, KeyOfCharacter(character), Qt::NoModifier, QString(QChar(character)));
+    const QString character(QChar(static_cast<char16_t>(KeyAscii)));
+    QKeyEvent pressed(QEvent::KeyPress, KeyOfCharacter(character.front().unicode()), Qt::NoModifier, character);
+    if (KeyAscii == u'\t' || CharacterOf(pressed) == character)
+        QApplication::sendEvent(&widget, &pressed);
+    else
+        surface.Act([&] { grid.UserPresses(KeyAscii); }); // a character that no key types
     Finish();
 }
 
