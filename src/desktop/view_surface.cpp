@@ -56,7 +56,7 @@ int ViewSurface::Pixels(int twips) const { return qRound(twips * root_.logicalDp
 
 int ViewSurface::Twips(int pixels) const { return qRound(pixels * double(TwipsPerInch) / root_.logicalDpiX()); }
 
-void ViewSurface::Act(const std::function<void()>& action)
+bool ViewSurface::Act(const std::function<void()>& action)
 {
     std::optional<Failure> raised;
     {
@@ -72,6 +72,7 @@ void ViewSurface::Act(const std::function<void()>& action)
         OnFailure(*raised);
     if (acting_ == 0 && OnActed)
         OnActed();
+    return !raised;
 }
 
 void ViewSurface::Sync()
@@ -122,18 +123,17 @@ bool ViewSurface::PressKey(View& view, QKeyEvent& event)
     if (code == 0)
         return false;
     bool cancelled = false;
-    Act([&] { cancelled = tree_.UserPressesKey(view, code, ShiftOf(event)); });
+    const bool done = Act([&] { cancelled = tree_.UserPressesKey(view, code, ShiftOf(event)); });
     if (OnKey) {
         OnKey(cancelled);
         return true;
     }
-    return cancelled || !view.HasFocus();
+    return !done || cancelled || !view.HasFocus();
 }
 
 bool ViewSurface::FocusFor(View& view)
 {
-    Act([&] { tree_.MoveFocus(view); });
-    return view.HasFocus();
+    return Act([&] { tree_.MoveFocus(view); }) && view.HasFocus();
 }
 
 bool ViewSurface::MoveFocusByTab(bool ahead, AtTheEnd atTheEnd)

@@ -37,8 +37,9 @@ public:
     [[nodiscard]] QWidget& WidgetOf(const View& view) const;
     [[nodiscard]] ViewWidget& Of(const View& view) const;
 
-    /// Does what a user or host did, catches a failure, and brings the widgets up to date.
-    void Act(const std::function<void()>& action);
+    /// Does what a user or host did, catches a failure, and brings the widgets up to date. False when a failure ended
+    /// the action: what the same input would have gone on to do does not happen.
+    bool Act(const std::function<void()>& action);
 
     /// What is told of a failure that ended an action.
     std::function<void(const Failure&)> OnFailure;
