@@ -1,4 +1,10 @@
-# Sourced by the scripts at the root: installs Debian packages that are missing.
+# Sourced by the scripts at the root and here: installs Debian packages that are missing, and configures presets.
+
+build_packages=(g++ cmake ninja-build ccache nlohmann-json3-dev libcli11-dev
+    qt6-base-dev qt6-tools-dev libqt6opengl6-dev fonts-dejavu-core)
+test_packages=(libgtest-dev libgmock-dev pkgconf)
+clang_packages=(clang libclang-rt-dev)
+benchmark_packages=(libbenchmark-dev libpugixml-dev)
 
 # need_packages NAME...   At once, without a call to apt, when all are there.
 need_packages() {
@@ -22,5 +28,15 @@ need_packages() {
     "${install[@]}" "${missing[@]}" >/dev/null
 }
 
-build_packages=(g++ cmake ninja-build ccache nlohmann-json3-dev libcli11-dev qt6-base-dev qt6-tools-dev fonts-dejavu-core)
-test_packages=(libgtest-dev libgmock-dev pkgconf)
+# need_preset PRESET   Installs what the preset needs, and configures it when that is still to be done.
+need_preset() {
+    local packages=("${build_packages[@]}")
+    case $1 in
+    release) ;;
+    fuzz) packages+=("${clang_packages[@]}") ;;
+    clang) packages+=("${test_packages[@]}" "${clang_packages[@]}") ;;
+    *) packages+=("${test_packages[@]}") ;;
+    esac
+    need_packages "${packages[@]}"
+    [[ build/$1/build.ninja -nt CMakePresets.json ]] || cmake --preset "$1" >/dev/null
+}
