@@ -172,6 +172,11 @@ void RulemeshWidget::FieldMapping(const QString& StrRule)
 void RulemeshWidget::ShowControl()
 {
     surface_->Act([this] { control_->ShowControl(); });
+    if (const QString root = ToQt(control_->ForeignRoot()); !root.isEmpty()) {
+        qWarning("RulemeshWidget: nothing is shown, since the object's root is \"%s\" and TargetTable is \"%s\"",
+                 qUtf8Printable(root), qUtf8Printable(ToQt(control_->State().StrTargetTable)));
+        emit RootIsForeign(root);
+    }
 }
 
 void RulemeshWidget::SetTextNumber(const QString& StrType, int LngTextNumber, const QString& StrKey1,

@@ -59,9 +59,6 @@ public:
     enum class LayoutPasses { WhenResized, ByHost };
     void SetLayoutPasses(LayoutPasses passes) noexcept { layoutPasses_ = passes; }
 
-    /// Takes the focus out of the control as a click elsewhere does, so that an open cell is committed.
-    void TakeFocusOut();
-
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
@@ -81,6 +78,10 @@ public slots:
     void Setfocus();
     void GridEdit(int KeyAscii);
 
+    /// Takes the focus out of the control as a click elsewhere does. A host calls it before it reads MappingObjectXML:
+    /// that read saves what the views hold, but a cell that is still open is committed by leaving it alone.
+    void TakeFocusOut();
+
 signals:
     void ShowSourceTablesPopUp(const QString& i_SourceTables);
     void ShowConditionBuilderPopUp(const QString& i_ConditionString, const QString& i_SourceTables);
@@ -93,6 +94,9 @@ signals:
 
     /// A failure that ended a user's action or a call of the host; what was done before it stays done.
     void FailureRaised(int number, const QString& text);
+
+    /// ShowControl found an object whose root is another than TargetTable: all views stay empty.
+    void RootIsForeign(const QString& root);
 
     /// The user did something to the designer (or a program did); the object may have changed.
     void Acted();

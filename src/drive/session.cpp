@@ -5,6 +5,7 @@
 #include <map>
 
 #include "base/failure.h"
+#include "base/utf8.h"
 #include "drive/host_requests.h"
 #include "drive/look_requests.h"
 #include "drive/user_requests.h"
@@ -20,6 +21,7 @@ public:
 
     [[nodiscard]] Json TakeHappened() { return platform_.TakeHappened(); }
     void Settle() { stage_->Settle(); }
+    [[nodiscard]] ctlRulemesh& Control() { return stage_->Control(); }
 
 private:
     std::unique_ptr<Stage> stage_;
@@ -66,6 +68,11 @@ std::string OneLine(std::string reason)
     return reason;
 }
 
+bool ShowsTheObject(const Json& request)
+{
+    return request.value("do", Json()) == "call" && request.value("name", Json()) == "ShowControl";
+}
+
 // Verbs whose answer has a value even when it is null.
 bool AlwaysHasValue(const Json& request) { return request.value("do", Json()) == "focused"; }
 
@@ -86,6 +93,8 @@ std::string Session::Answer(const std::string& line)
         if (!request.is_object())
             throw Refusal("the line is not a JSON object");
         Json value = desk_->Do(Request(request));
+        if (ShowsTheObject(request))
+            WarnOfForeignRoot();
         answer["ok"] = true;
         if (!value.is_null() || AlwaysHasValue(request))
             answer["value"] = std::move(value);
@@ -98,6 +107,14 @@ std::string Session::Answer(const std::string& line)
     answer["happened"] = desk_->TakeHappened();
     answer.update(outcome);
     return answer.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+void Session::WarnOfForeignRoot() const
+{
+    const ctlRulemesh& control = desk_->Control();
+    if (const Text root = control.ForeignRoot(); !root.empty())
+        OnWarning("nothing is shown, since the object's root is \"" + ToUtf8(root) + "\" and TargetTable is \"" +
+                  ToUtf8(control.State().StrTargetTable) + "\"");
 }
 
 } // namespace rulemesh

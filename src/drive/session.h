@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -22,7 +23,12 @@ public:
     /// Does the request that stands on the line and returns the answer, a line without its line end.
     [[nodiscard]] std::string Answer(const std::string& line);
 
+    /// Told what a person should know about the session although no answer holds it, in a line without its end.
+    std::function<void(const std::string& warning)> OnWarning = [](const std::string&) {};
+
 private:
+    void WarnOfForeignRoot() const;
+
     class Desk;
     std::unique_ptr<Desk> desk_;
 };

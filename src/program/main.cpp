@@ -1,64 +1,38 @@
-#include <fstream>
+#include <filesystem>
 #include <iostream>
-#include <memory>
 #include <string>
 
 #include <CLI/CLI.hpp>
 
-#include "drive/session.h"
-
-#ifdef RULEMESH_HAS_WINDOW
-#include <QApplication>
-
-#include "window/window_stage.h"
-#endif
+#include "program/drive_command.h"
 
 #ifdef RULEMESH_HAS_APPLICATION
-#include "host/application.h"
+#include "program/display.h"
+#include "program/open_command.h"
 #endif
 
 namespace {
 
-constexpr int CannotOpen = 2;
-
-int Answer(rulemesh::Session& session, std::istream& requests)
+#ifdef RULEMESH_HAS_APPLICATION
+int Unknown(const std::string& word)
 {
-    for (std::string line; std::getline(requests, line);)
-        std::cout << session.Answer(line) << std::endl;
-    return 0;
+    std::cerr << "rulemesh: \"" << word << "\" is no command and no file; see rulemesh --help\n";
+    return static_cast<int>(CLI::ExitCodes::ExtrasError);
 }
 
-#ifdef RULEMESH_HAS_WINDOW
-int AnswerInWindow(std::istream& requests)
+// The short forms: a file alone, or nothing at all.
+int OpenWithoutCommand(const CLI::App& program, char* name, const std::string& file)
 {
-    int count = 1;
-    char name[] = "rulemesh";
-    char* words[] = {name, nullptr};
-    const QApplication application(count, words);
-    rulemesh::Session session(std::make_unique<rulemesh::WindowStage>());
-    return Answer(session, requests);
-}
-#endif
-
-int Drive(const std::string& file, [[maybe_unused]] bool window)
-{
-    std::ifstream requests;
-    if (!file.empty()) {
-        requests.open(file, std::ios::binary);
-        if (!requests) {
-            std::cerr << "rulemesh: can't open " << file
-                      << ": check the name, or leave it out to read standard input\n";
-            return CannotOpen;
-        }
+    if (file.empty() && !rulemesh::HasDisplay()) {
+        std::cerr << "rulemesh: there is no display to open the application on\n\n" << program.help();
+        return static_cast<int>(CLI::ExitCodes::RequiredError);
     }
-    std::istream& input = file.empty() ? std::cin : requests;
-#ifdef RULEMESH_HAS_WINDOW
-    if (window)
-        return AnswerInWindow(input);
-#endif
-    rulemesh::Session session;
-    return Answer(session, input);
+    std::error_code trouble;
+    if (!file.empty() && !std::filesystem::exists(file, trouble))
+        return Unknown(file);
+    return rulemesh::RunOpen(name, file);
 }
+#endif
 
 } // namespace
 
@@ -67,7 +41,6 @@ int main(int argc, char** argv)
     CLI::App program("Rulemesh: a visual designer for data-migration mappings.");
     program.name("rulemesh");
     program.set_version_flag("--version", "rulemesh " RULEMESH_VERSION);
-    program.require_subcommand(1);
     program.footer("`rulemesh drive --help` tells how another program works the designer.");
 
     std::string file;
@@ -87,20 +60,28 @@ int main(int argc, char** argv)
         "User:  click, tab, focus, leave, type, key, press, choose, row, tick, header, cell, scroll\n"
         "Look:  read, focused, state, xml\n"
         "\n"
-        "The exit status is 0 at the end of the requests. rulemesh(1) and docs/drive.md tell the whole protocol.");
+        "The exit status is 0 at the end of the requests, 2 when FILE can't be opened, 3 when an answer can't be\n"
+        "written (a full disk, a reader that went away), 4 when the requests can't be read (a folder, a fault of the\n"
+        "disk). rulemesh(1) and docs/drive.md tell the whole protocol.");
 
 #ifdef RULEMESH_HAS_APPLICATION
+    std::string alone;
+    program.add_option("FILE", alone, "Short for open FILE; without FILE and command the application opens.");
     std::string object;
     CLI::App* open = program.add_subcommand("open", "Open the designer's application.");
     open->add_option("FILE", object, "File with the mapping object; a new window without one when left out.");
+    program.require_subcommand(0, 1);
+#else
+    program.require_subcommand(1);
 #endif
     CLI11_PARSE(program, argc, argv);
 #ifdef RULEMESH_HAS_APPLICATION
-    if (open->parsed()) {
-        int count = 1;
-        return rulemesh::RunApplication(count, argv,
-                                        object.empty() ? std::nullopt : std::optional(QString::fromStdString(object)));
-    }
+    if (!open->parsed() && !drive->parsed())
+        return OpenWithoutCommand(program, argv[0], alone);
+    if (!alone.empty()) // a word before the command
+        return Unknown(alone);
+    if (open->parsed())
+        return rulemesh::RunOpen(argv[0], object);
 #endif
-    return Drive(file, window);
+    return rulemesh::RunDrive(file, window);
 }

@@ -188,6 +188,12 @@ void ctlRulemesh::ShowControl()
         FillTargetTableCombo();
 }
 
+Text ctlRulemesh::ForeignRoot() const
+{
+    const XmlNode root = XmlDocument_.documentElement();
+    return root && root.baseName() != state_.StrTargetTable ? root.baseName() : Text();
+}
+
 void ctlRulemesh::FillTargetTableCombo()
 {
     views_.CmbTargetTable.Clear();

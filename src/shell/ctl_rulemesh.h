@@ -100,6 +100,10 @@ public:
     [[nodiscard]] DesignerViews& Views() noexcept { return views_; }
     void Resize(int width, int height) { layout_.Resize(width, height); }
 
+    /// The name of the root element when it is another than TargetTable, "" when it is the same or there is none. No
+    /// path leads into such an object and its views stay empty, so a front end warns.
+    [[nodiscard]] Text ForeignRoot() const;
+
     /// For looking in: nothing is saved, pruned or asked by these.
     [[nodiscard]] const ControlState& State() const noexcept { return state_; }
     [[nodiscard]] std::string DocumentAsItStands() const { return XmlDocument_.xmlUtf8(); }

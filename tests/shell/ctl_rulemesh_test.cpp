@@ -71,6 +71,20 @@ TEST_F(CtlRulemesh, TargetTableHasEightCharacters)
     }
 }
 
+TEST_F(CtlRulemesh, ForeignRootNamesTheRootThatIsNotTheTargetTable)
+{
+    EXPECT_EQ(control_.ForeignRoot(), u""); // no root yet
+    Open();
+    EXPECT_EQ(control_.ForeignRoot(), u"");
+    control_.TargetTable(u"TGTAB001");
+    EXPECT_EQ(control_.ForeignRoot(), u"tgtab001");
+    control_.TargetTable(u"par");
+    control_.MappingObjectXML(u"<par/>"); // TargetTable is filled with blanks, which no root has
+    EXPECT_EQ(control_.ForeignRoot(), u"par");
+    control_.MappingObjectXML(u"<broken");
+    EXPECT_EQ(control_.ForeignRoot(), u"");
+}
+
 TEST_F(CtlRulemesh, HighlightingReachesTheFourScriptBoxes)
 {
     control_.Syntax_Highlight(true);
