@@ -66,7 +66,7 @@ TEST(Request, RefusesAMemberOfAnotherType)
     };
     for (const auto& [read, names] : cases) {
         for (const char* name : names)
-            EXPECT_THAT(RefusalOf([&](const Request& request) { read(request, name); }), HasSubstr(name));
+            EXPECT_THAT(RefusalOf([&, &read = read](const Request& request) { read(request, name); }), HasSubstr(name));
     }
 }
 

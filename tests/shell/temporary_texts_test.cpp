@@ -32,7 +32,9 @@ TEST(RequireEncodable, RefusesWhatTheCodePageLacks)
         {u"x" + Text(1, 0xDC00), false, false},
     };
     for (const auto& [text, inSingleByte, inUtf8] : cases) {
-        const auto refused = [&](const TextFiles& files) { return FailureOf([&] { RequireEncodable(files, text); }); };
+        const auto refused = [&, &text = text](const TextFiles& files) {
+            return FailureOf([&] { RequireEncodable(files, text); });
+        };
         EXPECT_EQ(refused(singleByte), inSingleByte ? std::nullopt : std::optional(FailureCode::InvalidProcedureCall));
         EXPECT_EQ(refused(utf8), inUtf8 ? std::nullopt : std::optional(FailureCode::InvalidProcedureCall));
     }
