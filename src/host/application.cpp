@@ -48,7 +48,6 @@ int RunApplication(int& argc, char** argv, const std::optional<QString>& file)
     HostApplication application(argc, argv);
     TakeInPictures();
     QApplication::setApplicationName(QStringLiteral("rulemesh"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Rulemesh"));
     QApplication::setApplicationVersion(QStringLiteral(RULEMESH_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("org.rulemesh.Rulemesh"));
     QApplication::setWindowIcon(Icon());

@@ -12,6 +12,8 @@
 #include "desktop/rulemesh_widget.h"
 #include "host/builders.h"
 #include "host/draft_keeper.h"
+#include "host/failure_advice.h"
+#include "host/field_numbers.h"
 #include "host/function_button.h"
 #include "host/host_boxes.h"
 #include "host/settings.h"
@@ -20,6 +22,9 @@
 namespace rulemesh {
 
 namespace {
+
+// Map, Edit Rule and Comment stay in sight down to this width.
+constexpr QSize SmallestSize(750, 480);
 
 // The file that is being dragged over the window; "" for anything else.
 QString DraggedFile(const QDropEvent& event)
@@ -31,10 +36,15 @@ QString DraggedFile(const QDropEvent& event)
 } // namespace
 
 MainWindow::MainWindow(Settings& settings, DraftStore& drafts, int draftMilliseconds)
-    : settings_(settings), drafts_(drafts), draftMilliseconds_(draftMilliseconds), targetLabel_(new QLabel)
+    : settings_(settings), drafts_(drafts), draftMilliseconds_(draftMilliseconds), hintLabel_(new QLabel),
+      targetLabel_(new QLabel)
 {
     setAcceptDrops(true);
+    hintLabel_->setTextFormat(Qt::PlainText);
+    hintLabel_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // a long hint widens no window
+    statusBar()->addWidget(hintLabel_, 1);
     statusBar()->addPermanentWidget(targetLabel_);
+    setMinimumSize(SmallestSize);
     MakeActions();
     ShowStartPage();
     if (!restoreGeometry(settings_.Geometry()))
@@ -144,14 +154,43 @@ void MainWindow::closeEvent(QCloseEvent* event)
     event->accept();
 }
 
+bool MainWindow::MayEdit() const { return object_ && object_->AccessMode() == Access::Edit; }
+
+// An object with faulty numbers would lose rules by being shown and saved.
+bool MainWindow::AskForReadOnly(const QString& name, const ObjectText& text, Access& access)
+{
+    QStringList faults = FaultyFieldNumbers(text.Object.toStdString());
+    if (faults.isEmpty())
+        return true;
+    faults.prepend(
+        QStringLiteral("By these numbers rules would be shown at other fields, and be lost at a save. In the "
+                       "file, give each field as No the number of its place: 1, 2, 3 and so on. Until then "
+                       "the object can be looked at, but not saved."));
+    access = Access::ReadOnly;
+    return AskToGoOn(this, QStringLiteral("%1 has target tables with wrong numbers of fields.").arg(name),
+                     faults.join(u'\n'), QStringLiteral("Open &Read-only"));
+}
+
+// The designer blocks a save while a panel is open, as the panel's text is in no document yet.
+void MainWindow::TellOpenPanel(const QString& what)
+{
+    const bool functions = object_->Widget().Control().Views().txtFunctions.Visible();
+    TellProblem(this, what,
+                QStringLiteral("The panel of the %1 is open. Press its OK, which keeps its text, or its Cancel, which "
+                               "drops it, and then try again.")
+                    .arg(functions ? QStringLiteral("functions") : QStringLiteral("variables and includes")));
+}
+
 // One box for a failure, however many follow from it while the box is open.
 void MainWindow::TellFailure(int number, const QString& text)
 {
     if (tellingFailure_)
         return;
     const QScopedValueRollback<bool> guard(tellingFailure_, true);
+    QStringList told = object_ ? FailureAdvice(object_->Widget().Control(), number) : QStringList();
+    told += QStringLiteral("What was done before it stays done, and nothing that you saved is lost.");
     TellProblem(this, QStringLiteral("This could not be done: %1 (failure %2).").arg(text).arg(number),
-                QStringLiteral("What was done before it stays done, and nothing that you saved is lost."));
+                told.join(u'\n'));
 }
 
 } // namespace rulemesh

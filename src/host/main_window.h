@@ -78,6 +78,9 @@ private:
     void TakeDropsFrom(QWidget& designer);
     void DropFile(const QString& path);
     void TellFailure(int number, const QString& text);
+    void TellOpenPanel(const QString& what);
+    [[nodiscard]] bool MayEdit() const;
+    [[nodiscard]] bool AskForReadOnly(const QString& name, const ObjectText& text, Access& access);
 
     void MakeActions();
     QAction* AddAction(QMenu& menu, const QString& caption, const QKeySequence& keys, void (MainWindow::*does)());
@@ -119,6 +122,7 @@ private:
     std::unique_ptr<DraftKeeper> keeper_;
     bool tellingFailure_ = false;
 
+    QLabel* hintLabel_;
     QLabel* targetLabel_;
     QMenu* recentMenu_ = nullptr;
     QAction* save_ = nullptr;

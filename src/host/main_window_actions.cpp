@@ -108,14 +108,15 @@ void MainWindow::FillRecentMenu()
 void MainWindow::UpdateActions()
 {
     const bool open = object_ != nullptr;
-    const bool editable = open && object_->AccessMode() == Access::Edit;
-    const bool maySave = editable && object_->MaySave();
-    save_->setEnabled(maySave);
-    saveAs_->setEnabled(maySave);
-    import_->setEnabled(maySave);
+    const bool editable = MayEdit(); // an open panel is told when one of these is used
+    save_->setEnabled(editable);
+    saveAs_->setEnabled(editable);
+    import_->setEnabled(editable);
     close_->setEnabled(open);
     readOnly_->setEnabled(open && !path_.isEmpty());
     readOnly_->setChecked(open && !editable);
+    hintLabel_->setText(open ? object_->RulesHint() : QString());
+    hintLabel_->setToolTip(hintLabel_->text());
     UpdateTitle();
 }
 

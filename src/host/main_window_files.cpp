@@ -110,6 +110,8 @@ void MainWindow::OpenFile(const QString& path, Access access)
     try {
         ObjectText text = ReadObjectFile(absolute);
         CheckObject(text);
+        if (!AskForReadOnly(QFileInfo(path).fileName(), text, access))
+            return;
         Show({.Text = std::move(text), .Path = absolute, .Mode = access});
     } catch (const HostError& error) {
         TellProblem(this, QStringLiteral("%1 can't be opened.").arg(QFileInfo(path).fileName()), error.Text());
@@ -141,8 +143,12 @@ void MainWindow::Forget(const QString& path)
 
 bool MainWindow::Save()
 {
-    if (!object_ || !object_->MaySave() || object_->AccessMode() == Access::ReadOnly)
+    if (!MayEdit())
         return false;
+    if (!object_->MaySave()) {
+        TellOpenPanel(QStringLiteral("The object can't be saved now."));
+        return false;
+    }
     if (!path_.isEmpty())
         return SaveTo(path_);
     AskWhereToSave();
@@ -151,8 +157,10 @@ bool MainWindow::Save()
 
 void MainWindow::AskWhereToSave()
 {
-    if (!object_ || !object_->MaySave())
+    if (!MayEdit())
         return;
+    if (!object_->MaySave())
+        return TellOpenPanel(QStringLiteral("The object can't be saved now."));
     const QString proposed =
         path_.isEmpty() ? settings_.Folder() + u'/' + RootName(object_->AsItStands().Object) + QStringLiteral(".xml")
                         : path_;
@@ -175,7 +183,7 @@ bool MainWindow::MayOverwrite(const QString& path)
 bool MainWindow::SaveTo(const QString& path)
 {
     const QString absolute = QFileInfo(path).absoluteFilePath();
-    if (!MayOverwrite(absolute))
+    if (!MayEdit() || !MayOverwrite(absolute))
         return false;
     const std::optional<ObjectText> text = object_->TextToSave();
     if (!text)
@@ -198,6 +206,8 @@ bool MainWindow::SaveTo(const QString& path)
 
 void MainWindow::AskForCatalogue()
 {
+    if (object_ && !object_->MaySave())
+        return TellOpenPanel(QStringLiteral("A catalogue can't be imported now."));
     const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("Import Catalogue"), settings_.Folder(),
                                                       CatalogueFileFilter());
     if (!path.isEmpty())
@@ -269,9 +279,12 @@ bool MainWindow::Recover(const DraftStore::Orphan& orphan)
         if (!draft.Handle)
             throw HostError(QStringLiteral("Another window has recovered this draft already."));
         CheckObject(draft.Text);
+        Access access = Access::Edit;
+        if (!AskForReadOnly(QStringLiteral("The draft"), draft.Text, access))
+            return false;
         Show({.Text = std::move(draft.Text),
               .Path = draft.Origin.File,
-              .Mode = Access::Edit,
+              .Mode = access,
               .From = Origin::Unsaved,
               .Handle = std::move(draft.Handle)});
         statusBar()->showMessage(QStringLiteral("Recovered. Save to keep it."), MessageMilliseconds);

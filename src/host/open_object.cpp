@@ -54,6 +54,9 @@ void OpenObject::Show(const ObjectText& text, const Settings& settings)
     widget_->Edit(access_ == Access::Edit);
     widget_->MappingObjectXmlUtf8(text.Object);
     widget_->ShowControl();
+    gate_ = std::make_unique<RulesGate>(*widget_);
+    gate_->OpenAtStart();
+    connect(gate_.get(), &RulesGate::HintChanged, this, &OpenObject::StateChanged);
 }
 
 bool OpenObject::HasChanges()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 
 #include <QFont>
@@ -7,6 +8,7 @@
 #include <QTimer>
 
 #include "host/object_file.h"
+#include "host/rules_gate.h"
 #include "host/unsaved_texts.h"
 
 class QWidget;
@@ -55,12 +57,15 @@ public:
     /// Whether the designer allows a save now; not while a panel holds text of its own.
     [[nodiscard]] bool MaySave() const noexcept { return maySave_; }
 
+    /// Why the rules are shut and what to do; "" while they are open.
+    [[nodiscard]] const QString& RulesHint() const noexcept { return gate_->Hint(); }
+
     void UseEditor(const QString& command);
     void UseHighlighting(bool on);
     void UseScriptFont(const std::optional<QFont>& font);
 
 signals:
-    /// SeemsChanged or MaySave answer otherwise than before.
+    /// SeemsChanged, MaySave or RulesHint answer otherwise than before.
     void StateChanged();
 
     /// A failure ended what the user did.
@@ -74,6 +79,7 @@ private:
     QByteArray lead_;
     Access access_;
     RulemeshWidget* widget_; // a child of the window
+    std::unique_ptr<RulesGate> gate_;
     QTimer pause_;
     QFont systemScriptFont_;
     bool seemsChanged_ = false;

@@ -1,6 +1,7 @@
 #include "host/script_statements.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "base/numbers.h"
 #include "document/document_access.h"
@@ -106,6 +107,38 @@ std::vector<Text> TablesMigratedBy(TextView StrScript)
             tables.emplace_back(word);
     });
     return tables;
+}
+
+bool MigratesCleanly(TextView StrScript)
+{
+    TextView rest = StrScript;
+    for (std::size_t at = FindKeyword(rest, MigrateKeyword); at != 0; at = FindKeyword(rest, MigrateKeyword)) {
+        if (rest.size() <= at + MigrateKeyword.size())
+            return false;
+        const bool counts = StandsAlone(rest, at, MigrateKeyword.size());
+        rest.remove_prefix(at - 1 + MigrateKeyword.size());
+        const TextView table = counts ? NextWord(rest) : TextView();
+        if (!table.empty() && !IsTableCode(table))
+            return false;
+    }
+    return true;
+}
+
+std::vector<PlacedWord> DumpsPast16Bits(TextView StrScript)
+{
+    constexpr double Greatest = 32767;
+    std::vector<PlacedWord> found;
+    TextView rest = StrScript;
+    for (std::size_t at = FindKeyword(rest, DumpKeyword); at != 0; at = FindKeyword(rest, DumpKeyword)) {
+        const bool counts = !IsInComment(rest, at) && StandsAlone(rest, at, DumpKeyword.size());
+        rest.remove_prefix(at - 1 + DumpKeyword.size());
+        const TextView word = counts ? NextWord(rest.substr(0, WordLimit)) : TextView();
+        if (!IsNumeric(word) || std::abs(ToDouble(word)) <= Greatest)
+            continue;
+        const auto before = StrScript.substr(0, static_cast<std::size_t>(word.data() - StrScript.data()));
+        found.push_back({Text(word), 1 + static_cast<int>(std::count(before.begin(), before.end(), u'\n'))});
+    }
+    return found;
 }
 
 Insertion InsertLine(TextView StrScript, std::size_t caret, TextView StrStatement)

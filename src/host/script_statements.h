@@ -27,6 +27,20 @@ namespace rulemesh {
 /// The tables that a script migrates, in order of appearance, each once.
 [[nodiscard]] std::vector<Text> TablesMigratedBy(TextView StrScript);
 
+/// Whether the designer reads all migrate statements of a script without a complaint.
+[[nodiscard]] bool MigratesCleanly(TextView StrScript);
+
+/// A word of a script, and the line in which it stands, from 1.
+struct PlacedWord {
+    Text Word;
+    int Line = 0;
+
+    friend bool operator==(const PlacedWord&, const PlacedWord&) = default;
+};
+
+/// The numbers of dumps in force that are past 16 bits, at each of which the designer's reading of a script fails.
+[[nodiscard]] std::vector<PlacedWord> DumpsPast16Bits(TextView StrScript);
+
 /// A text with a statement put in at the caret, on a line of its own and indented like the line of the caret. Lines end
 /// with a line feed.
 struct Insertion {

@@ -4,9 +4,11 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QDropEvent>
+#include <QLabel>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QStatusBar>
 
 #include "desktop/view_surface.h"
 #include "host/host_desk.h"
@@ -110,12 +112,21 @@ TEST_F(MainWindowTest, TellsAFileThatCanNotBeWrittenAndKeepsTheChanges)
     EXPECT_EQ(window->Path(), File("object.xml"));
 }
 
-TEST_F(MainWindowTest, SavesNothingWhileAPanelIsOpen)
+TEST_F(MainWindowTest, TellsWhyItSavesNothingWhileAPanelIsOpen)
 {
     window->OpenFile(File("object.xml"));
     Views().CmdFunction.UserClicks();
-    EXPECT_FALSE(Action(QStringLiteral("&Save"))->isEnabled());
-    EXPECT_FALSE(window->Save());
+    for (const char* caption : {"&Save", "Save &As...", "&Import Catalogue..."}) {
+        ModalAnswer box([](QWidget& modal) {
+            auto& message = dynamic_cast<QMessageBox&>(modal);
+            EXPECT_TRUE(message.informativeText().contains(QStringLiteral("panel of the functions is open")));
+            message.button(QMessageBox::Ok)->click();
+        });
+        ASSERT_TRUE(Action(QString::fromUtf8(caption))->isEnabled()) << caption;
+        Action(QString::fromUtf8(caption))->trigger();
+        EXPECT_TRUE(box.WasAsked()) << caption;
+    }
+    EXPECT_EQ(OnDisk(), Lead + SmallObject);
     Views().txtFunctions.UserTypes(u"a function");
     Views().CmdOk.UserClicks();
     EXPECT_TRUE(Action(QStringLiteral("&Save"))->isEnabled());
@@ -232,6 +243,139 @@ TEST_F(MainWindowTest, OpensAFileThatIsDroppedOnAScript)
     QApplication::sendEvent(box.viewport(), &drop);
     EXPECT_TRUE(WaitFor([this] { return window->Path() == File("other.xml"); }));
     EXPECT_EQ(Views().txtPreCondition.Text(), u"migrate custs001 | customers");
+}
+
+std::function<void(QWidget&)> PressReadOnly(QString& told)
+{
+    return [&told](QWidget& modal) {
+        auto& box = dynamic_cast<QMessageBox&>(modal);
+        told = box.text() + u'\n' + box.informativeText() + u'\n' + box.detailedText();
+        for (QAbstractButton* button : box.buttons()) {
+            if (button->text() == QStringLiteral("Open &Read-only"))
+                button->click();
+        }
+    };
+}
+
+TEST_F(MainWindowTest, OpensAnObjectWithFaultyFieldNumbersForLookingOnly)
+{
+    const std::string faulty = With(SmallObject, "<NAME No=\"2\"", "<NAME No=\"3\"");
+    Put(folder / "faulty.xml", faulty);
+    QString told;
+    ModalAnswer box(PressReadOnly(told));
+    window->OpenFile(File("faulty.xml"));
+    ASSERT_TRUE(box.WasAsked());
+    EXPECT_TRUE(told.contains(QStringLiteral("Table PARTN101: NAME has No=\"3\" in place 2.")));
+    ASSERT_NE(window->Object(), nullptr);
+    EXPECT_EQ(window->Object()->AccessMode(), Access::ReadOnly);
+    EXPECT_FALSE(Action(QStringLiteral("&Save"))->isEnabled());
+    EXPECT_FALSE(window->SaveTo(File("faulty.xml")));
+    EXPECT_EQ(OnDisk("faulty.xml"), faulty);
+}
+
+TEST_F(MainWindowTest, ShowsNothingOfFaultyFieldNumbersWhenThatIsTheAnswer)
+{
+    Put(folder / "faulty.xml", With(SmallObject, "<NAME No=\"2\"", "<NAME No=\"1\""));
+    ModalAnswer box([this](QWidget& modal) {
+        EXPECT_EQ(window->Object(), nullptr); // asked before anything is shown
+        dynamic_cast<QMessageBox&>(modal).button(QMessageBox::Cancel)->click();
+    });
+    window->OpenFile(File("faulty.xml"));
+    EXPECT_TRUE(box.WasAsked());
+    EXPECT_EQ(window->Object(), nullptr);
+}
+
+TEST_F(MainWindowTest, TellsWhichLineKeepsAScriptFromBeingStored)
+{
+    window->OpenFile(File("object.xml"));
+    Designer().Surface().Act(
+        [this] { Views().txtMainQuery.UserTypes(u"dump 1\r\ndump 40000 | past every number\r\n"); });
+    QString told;
+    ModalAnswer box([&](QWidget& modal) {
+        told = dynamic_cast<QMessageBox&>(modal).informativeText();
+        Press(QMessageBox::Ok)(modal);
+    });
+    EXPECT_FALSE(window->Save());
+    EXPECT_TRUE(told.contains(QStringLiteral("The main query of custs001 names dump 40000 in line 2.")))
+        << told.toStdString();
+}
+
+TEST_F(MainWindowTest, SavesAfterTheWayOutThatItTold)
+{
+    window->OpenFile(File("object.xml"));
+    ViewSurface& surface = Designer().Surface();
+    const auto type = [&](TextView text) { surface.Act([&] { Views().txtMainQuery.UserTypes(Text(text)); }); };
+    const auto clickRow = [&] {
+        ModalAnswer box(Press(QMessageBox::Ok)); // comes up where the old text still stands in the way
+        surface.Act([&] { Views().lstMigrateSource.UserClicksRow(1); });
+        QApplication::processEvents();
+    };
+    type(u"dump 40000");
+    clickRow();
+    type(u"dump 4");
+    clickRow();
+    clickRow();
+    EXPECT_TRUE(window->Save());
+    EXPECT_NE(OnDisk().find("<QUERY ST=\"custs001\">dump 4</QUERY>"), std::string::npos);
+}
+
+TEST_F(MainWindowTest, OpensTheRulesOfATableThatTheCatalogueHolds)
+{
+    window->OpenFile(File("object.xml"));
+    Designer().Surface().Act(
+        [this] { Views().txtPreCondition.UserTypes(u"migrate custs001\r\nmigrate ordrs001\r\n"); });
+    QApplication::processEvents();
+    EXPECT_EQ(Designer().SourceTables(), QStringLiteral("custs001")); // what is being typed is not read
+    Designer().Surface().Act([this] { Views().Tree.UserLeaves(); });
+    EXPECT_FALSE(Views().MainTab.TabEnabled(1));
+    EXPECT_TRUE(WaitFor([this] { return Views().MainTab.TabEnabled(1); }));
+    EXPECT_EQ(Designer().SourceTables(), QStringLiteral("custs001,ordrs001"));
+    EXPECT_EQ(window->Object()->RulesHint(), QString());
+}
+
+TEST_F(MainWindowTest, TellsATableThatTheCatalogueLacksWhileTheRulesAreShut)
+{
+    Put(folder / "lacking.xml", With(SmallObject, "migrate custs001", "migrate custs001\nmigrate nosuc001"));
+    window->OpenFile(File("lacking.xml"));
+    EXPECT_FALSE(Views().MainTab.TabEnabled(1));
+    const auto shown = [this](const QString& text) {
+        for (const QLabel* label : window->statusBar()->findChildren<QLabel*>()) {
+            if (label->isVisible() && label->text().contains(text))
+                return true;
+        }
+        return false;
+    };
+    EXPECT_TRUE(shown(QStringLiteral("no source table nosuc001")));
+    EXPECT_FALSE(window->Object()->HasChanges());
+
+    Designer().PreCondition(QStringLiteral("migrate custs001\nmigrate ordrs001"));
+    EXPECT_TRUE(WaitFor([&] { return !shown(QStringLiteral("nosuc001")); }));
+}
+
+TEST_F(MainWindowTest, OpensTheRulesOfAnObjectWhoseTablesAreNotListed)
+{
+    Put(folder / "unlisted.xml", With(With(SmallObject, "migrate custs001", "migrate custs001\nmigrate ordrs001"),
+                                      "custs001</SRCTBL>", "</SRCTBL>"));
+    window->OpenFile(File("unlisted.xml"));
+    EXPECT_TRUE(Views().MainTab.TabEnabled(1));
+    EXPECT_EQ(Designer().SourceTables(), QStringLiteral("custs001,ordrs001"));
+    EXPECT_FALSE(window->Object()->HasChanges());
+}
+
+TEST_F(MainWindowTest, KeepsRoomForTheButtonsOfTheRules)
+{
+    window->OpenFile(File("object.xml"));
+    window->resize(300, 200);
+    EXPECT_GE(window->width(), 750);
+    Designer().Surface().Act([this] { Views().MainTab.UserClicksTab(1); });
+    QApplication::processEvents();
+    for (const View* view : {static_cast<const View*>(&Views().CmdMap), static_cast<const View*>(&Views().CmdEditRule),
+                             static_cast<const View*>(&Views().CmdDumpText)}) {
+        const QWidget& button = Designer().Surface().WidgetOf(*view);
+        const QRect place(button.mapTo(window.get(), QPoint()), button.size());
+        EXPECT_TRUE(window->rect().contains(place)) << button.objectName().toStdString();
+        EXPECT_EQ(button.visibleRegion().boundingRect(), button.rect()) << button.objectName().toStdString();
+    }
 }
 
 } // namespace

@@ -68,5 +68,22 @@ TEST(InsertLine, PutsTheStatementOnALineOfItsOwn)
     }
 }
 
+TEST(MigratesCleanly, ComplainsAsTheDesignerDoes)
+{
+    EXPECT_TRUE(MigratesCleanly(u""));
+    EXPECT_TRUE(MigratesCleanly(u"migrate custs001 | immigrated in May"));
+    EXPECT_TRUE(MigratesCleanly(u"MIGRATE custs001\r\nmigrate   ordrs001\r\n"));
+    EXPECT_FALSE(MigratesCleanly(u"migrate custs1"));
+    EXPECT_FALSE(MigratesCleanly(u"migrate custs001 | then migrate it"));
+    EXPECT_FALSE(MigratesCleanly(u"migrate custs001\r\nmigrate"));
+}
+
+TEST(DumpsPast16Bits, AreFoundWithTheirLine)
+{
+    EXPECT_EQ(DumpsPast16Bits(u"dump 1\r\n\r\ndump 40000 | x"), (std::vector<PlacedWord>{{u"40000", 3}}));
+    EXPECT_EQ(DumpsPast16Bits(u"dump\n-1e9 dump 32768"), (std::vector<PlacedWord>{{u"-1e9", 2}, {u"32768", 2}}));
+    EXPECT_TRUE(DumpsPast16Bits(u"dump 32767 | dump 40000 xdump 40000\ndump word").empty());
+}
+
 } // namespace
 } // namespace rulemesh
