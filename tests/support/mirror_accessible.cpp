@@ -119,7 +119,7 @@ void CompareTabs(const TabControl& tabs, QAccessibleInterface& reader, Findings&
         if (page == nullptr || page->role() != QAccessible::PageTab || found == TabControl::TabCount)
             continue;
         const QString place = QStringLiteral("tab %1").arg(found);
-        findings.Compare(place, page->text(QAccessible::Name), WithoutMarks(tabs.TabCaption(found)));
+        findings.Compare(place, page->text(QAccessible::Name), PlainCaption(tabs.TabCaption(found)));
         // Qt 6.4 tells of the current tab that it has the focus, later ones that it is selected; none tells which can't
         // be used.
         findings.Compare(place + QStringLiteral(" current"), page->state().selected == 1 || page->state().focused == 1,
@@ -135,7 +135,7 @@ void CompareName(const View& view, QAccessibleInterface& reader, Findings& findi
     const auto* captioned = dynamic_cast<const CaptionedView*>(&view);
     const bool named = view.Kind() == ViewKind::Label || view.Kind() == ViewKind::Frame;
     if (named && captioned != nullptr)
-        findings.Compare(QStringLiteral("name"), name, WithoutMarks(captioned->Caption()));
+        findings.Compare(QStringLiteral("name"), name, PlainCaption(captioned->Caption()));
     else if (name.isEmpty())
         findings.Say(QStringLiteral("has no name for a screen reader"));
 }

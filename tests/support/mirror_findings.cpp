@@ -58,7 +58,7 @@ QString Seen(const QString& text)
     return Qt::mightBeRichText(text) ? QTextDocumentFragment::fromHtml(text).toPlainText() : text;
 }
 
-QString WithoutMarks(TextView caption) { return ToQt(caption).remove(QLatin1Char('&')); }
+QString PlainCaption(TextView caption) { return ToQt(caption).remove(QLatin1Char('&')); }
 
 bool IsSeen(const View& view)
 {

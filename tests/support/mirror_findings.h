@@ -32,7 +32,7 @@ private:
 [[nodiscard]] QString Seen(const QString& text);
 
 /// A caption without the marks of its access key.
-[[nodiscard]] QString WithoutMarks(TextView caption);
+[[nodiscard]] QString PlainCaption(TextView caption);
 
 /// Whether the user sees a view or can use it: it and all its parents are shown, or enabled.
 [[nodiscard]] bool IsSeen(const View& view);
