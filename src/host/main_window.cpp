@@ -23,8 +23,8 @@ namespace rulemesh {
 
 namespace {
 
-// Map, Edit Rule and Comment stay in sight down to this width.
-constexpr QSize SmallestSize(750, 480);
+// Map, Edit Rule and Comment stay in sight down to this width, in pixels.
+constexpr int SmallestWidth = 750;
 
 // The file that is being dragged over the window; "" for anything else.
 QString DraggedFile(const QDropEvent& event)
@@ -44,7 +44,7 @@ MainWindow::MainWindow(Settings& settings, DraftStore& drafts, int draftMillisec
     hintLabel_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // a long hint widens no window
     statusBar()->addWidget(hintLabel_, 1);
     statusBar()->addPermanentWidget(targetLabel_);
-    setMinimumSize(SmallestSize);
+    setMinimumWidth(SmallestWidth);
     MakeActions();
     ShowStartPage();
     if (!restoreGeometry(settings_.Geometry()))
@@ -91,6 +91,7 @@ void MainWindow::Show(Opening opening)
         statusBar()->showMessage(QStringLiteral("No draft is being kept. ") + text);
     });
     TakeDropsFrom(designer);
+    designer.setMinimumHeight(designer.sizeHint().height()); // below it the buttons of a panel go out of sight
     setCentralWidget(&designer);
     designer.Setfocus();
     UpdateActions();

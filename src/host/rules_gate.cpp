@@ -33,8 +33,7 @@ QString LeaveAgain()
 
 QString Lacking(const QStringList& tables)
 {
-    return QStringLiteral("Rules are shut: the catalogue has no source table %1. Import it (Designer > Import "
-                          "Catalogue), or take it out of the precondition.")
+    return QStringLiteral("Rules are shut: no source table %1. Designer > Import Catalogue adds it.")
         .arg(tables.join(QStringLiteral(", ")));
 }
 

@@ -362,11 +362,16 @@ TEST_F(MainWindowTest, OpensTheRulesOfAnObjectWhoseTablesAreNotListed)
     EXPECT_FALSE(window->Object()->HasChanges());
 }
 
-TEST_F(MainWindowTest, KeepsRoomForTheButtonsOfTheRules)
+TEST_F(MainWindowTest, KeepsRoomForTheButtonsOfPanelsAndRules)
 {
     window->OpenFile(File("object.xml"));
     window->resize(300, 200);
     EXPECT_GE(window->width(), 750);
+    Designer().Surface().Act([this] { Views().CmdFunction.UserClicks(); });
+    QApplication::processEvents();
+    const QWidget& ok = Designer().Surface().WidgetOf(Views().CmdOk);
+    EXPECT_EQ(ok.visibleRegion().boundingRect(), ok.rect());
+    Designer().Surface().Act([this] { Views().CmdOk.UserClicks(); });
     Designer().Surface().Act([this] { Views().MainTab.UserClicksTab(1); });
     QApplication::processEvents();
     for (const View* view : {static_cast<const View*>(&Views().CmdMap), static_cast<const View*>(&Views().CmdEditRule),
