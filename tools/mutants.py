@@ -115,16 +115,18 @@ class Syntax:
         return self.tokens[index].text if 0 <= index < len(self.tokens) else ""
 
     def opens_block(self, index):
-        if self.around[index] is not None and self.around[index] not in self.blocks and self.text(index - 1) not in (")", "]"):
-            return False
         former = self.text(index - 1)
+        if self.around[index] is not None and self.around[index] not in self.blocks and former not in (")", "]"):
+            return False
         if former in BLOCK_BEFORE:
             return True
         if former in ("{", "}"):
             return self.around[index] is None or self.around[index] in self.blocks
         at = index - 1
         while at >= 0 and self.text(at) not in (";", "{", "}"):
-            if self.text(at) in ("namespace", "class", "struct", "enum", "extern") or (self.text(at) == "->" and at == index - 2):
+            if self.text(at) in ("namespace", "class", "struct", "enum", "extern"):
+                return True
+            if self.text(at) == "->" and at == index - 2:
                 return True
             at -= 1
         return False
@@ -174,6 +176,9 @@ def mutants_of(source):
         found += of_token(syntax, index)
         found += of_condition(syntax, index)
         found += of_statement(syntax, index)
+    for match in re.finditer(r"([\w.]+(?:\([^()]*\))?)\.empty\(\)", source):
+        blank = f"(Text({match.group(1)}).find_first_not_of(u' ') == Text::npos)"
+        found.append(Mutant("blank counts as empty", match.start(), match.end(), blank))
     for before, after in ALTERNATIVES:
         for match in re.finditer(r"\b" + re.escape(before) + r"\b", source):
             found.append(Mutant("another name", match.start(), match.end(), after))
@@ -204,7 +209,8 @@ def of_token(syntax, index):
     if token.kind == "text":
         if token.text.endswith('""'):
             return changes("text", [token.text[:-1] + 'X"'])
-        return changes("text", [token.text[: token.text.index('"') + 1] + '"', token.text[:-1] + 'X"'])
+        shorter = [token.text[:-2] + '"'] if token.text[-3] not in ('"', "\\") else []
+        return changes("text", [token.text[: token.text.index('"') + 1] + '"', token.text[:-1] + 'X"', *shorter])
     if token.kind == "character":
         return changes("character", [token.text[: token.text.index("'")] + ("'Y'" if "'X'" in token.text else "'X'")])
     return []
@@ -230,7 +236,8 @@ def of_statement(syntax, index):
     start, end = syntax.tokens[index].start, syntax.tokens[last].end
     first = syntax.text(index)
     if first == "return" and last > index + 1:
-        return [] if syntax.source[start:end] == "return {};" else [Mutant("value returned", start, end, "return {};")]
+        empty = syntax.source[start:end] in ("return {};", "return false;", "return 0;")
+        return [] if empty else [Mutant("value returned", start, end, "return {};")]
     if first in ("continue", "break", "return"):
         return [Mutant("jump dropped", start, end, ";")]
     acts = any(syntax.text(at) in ("(", "=", "++", "--", "+=", "-=") for at in range(index, last))
