@@ -176,6 +176,13 @@ TEST_F(DocumentAccessTest, GetRuleTextMakesAMissingDumpOnce)
     EXPECT_EQ(Xml(), R"(<tgtab001><DUMP No="4"/></tgtab001>)");
 }
 
+TEST_F(DocumentAccessTest, GetRuleTextMakesTheDumpsFromOneOn)
+{
+    Load("<tgtab001/>");
+    EXPECT_EQ(access_.GetRuleText(1, u"ITEM"), u"");
+    EXPECT_EQ(Xml(), R"(<tgtab001><DUMP No="1"/></tgtab001>)");
+}
+
 TEST_F(DocumentAccessTest, GetRuleTextMakesNoDumpForZeroAndBelow)
 {
     Load("<tgtab001/>");

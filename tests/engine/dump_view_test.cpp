@@ -94,6 +94,18 @@ TEST_F(DumpViewTest, LoadingPutsTheFirstRowOnTop)
     EXPECT_EQ(views_.RulesGrid.TopRow(), 0);
 }
 
+TEST_F(DumpViewTest, LoadingWithoutATableSetsTheTagInTwoDigits)
+{
+    Load(R"(<DUMP No="3"/>)");
+    NameDumps({{3, u""}});
+    views_.RulesGrid.AddItem({u"tgtab001.item", u"i"});
+    views_.CmbDump.Tag(u"3");
+    dumpView_.LoadDumpRules(3);
+    EXPECT_EQ(views_.CmbDump.Tag(), u"03");
+    EXPECT_THAT(Rules(), ElementsAre(u"i"));
+    EXPECT_FALSE(views_.CmbDump.HasSelection());
+}
+
 TEST_F(DumpViewTest, WithoutATableOnlyTheTagIsSet)
 {
     Load(R"(<DUMP No="3"/>)");

@@ -109,6 +109,32 @@ TEST_F(GuessTest, APlainFieldIsOfferedToEachIndex)
                 ElementsAre(u"srtab001.a(1,1)", u"default()"));
 }
 
+TEST_F(GuessTest, TheDefaultOfAnotherDomainIsNotReplacedByTheSameFieldListedTwice)
+{
+    EXPECT_EQ(GuessedFor(R"(<A No="1" TYPE="E" LENG="1" DOMENUMS="a" DOMAIN="d2"/>)",
+                         R"(<TGTAB001><A TYPE="E" LENG="1" DOMENUMS="x" DOMAIN="d1"/></TGTAB001>)"
+                         R"(<TGTAB001><A TYPE="E" LENG="1" DOMENUMS="x" DOMAIN="d2"/></TGTAB001>)"),
+              u"default()");
+}
+
+// A match by name, even one that gives no text, ends the search by domain.
+TEST_F(GuessTest, AnEmptyConversionLeavesNoRoomForTheOwnDate)
+{
+    EXPECT_EQ(GuessedFor(R"(<A No="1" TYPE="S" LENG="20"/>)",
+                         R"(<SRTAB010><A TYPE="M" LENG="20"/></SRTAB010><TGTAB001><A TYPE="T"/></TGTAB001>)"),
+              u"default()");
+    EXPECT_EQ(GuessedFor(R"(<A No="1" TYPE="S" LENG="20"/>)", R"(<TGTAB001><A TYPE="T"/></TGTAB001>)"), u"tgtab001.a");
+}
+
+TEST_F(GuessTest, AnIndexInFrontOfTheFieldPartIsNone)
+{
+    const Guess guess({{u"srtab001.f", u"String", u"", u"", u""}});
+    EXPECT_EQ(guess.RuleFor({u"t.f(1)", u"String", u"", u"", u""}), u"default()");
+    EXPECT_EQ(guess.RuleFor({u"tgtab001(1)", u"String", u"", u"", u""}), u"default()");
+    EXPECT_EQ(guess.RuleFor({u"tgtab001.(1)", u"String", u"", u"", u""}), u"default()");
+    EXPECT_EQ(guess.RuleFor({u"tgtab001.f(1)", u"String", u"", u"", u""}), u"srtab001.f");
+}
+
 TEST_F(GuessTest, NoStringBecomesAMultiByteString)
 {
     EXPECT_EQ(GuessedFor(R"(<A No="1" TYPE="M"/>)", R"(<TGTAB001><A TYPE="S"/></TGTAB001>)"), u"default()");

@@ -45,6 +45,19 @@ protected:
     DumpRetargeting retargeting_{access_, views_, platform_, store_, dumpView_, chooser_};
 };
 
+// After a choice of a dump that failed, the dump in the tag is not the selected one.
+TEST_F(Retarget, TheLabelTakesTheTableAlsoWhenTheShownDumpHasNoFields)
+{
+    Load(std::string(Head) + R"(<DUMP No="1" TT="NONE0001"/><DUMP No="2" TT="TGTAB001"/>)");
+    NameDumps({{1, u""}, {2, u""}});
+    views_.CmbDump.ListIndex(1);
+    views_.CmbDump.Tag(u"1");
+    Choose(u"TGTAB002");
+    EXPECT_EQ(Dumps(), R"(<DUMP No="1" TT="NONE0001"/>)"
+                       R"(<DUMP No="2" TT="TGTAB002"><C__1 TEXT="" TYPE="0">default()</C__1></DUMP>)");
+    EXPECT_EQ(views_.LBLTargetTableName.Caption(), u"TGTAB002");
+}
+
 TEST_F(Retarget, TheChooserIsGivenTablesDefaultAndDump)
 {
     LoadDumps(R"(<DUMP No="12" TT="TGTAB002"/>)");

@@ -361,6 +361,17 @@ TEST_F(MainQueriesTest, SavesWithoutComparingDumpsWhenARowIsClicked)
     EXPECT_THAT(Boxes(), IsEmpty());
 }
 
+TEST_F(MainQueriesTest, StoresNothingUnderNoNameWhenARowIsClicked)
+{
+    Load("<QUERY ST=\"abcde123\">select</QUERY>");
+    state_.StrMigrateTables = {u"abcde123"};
+    scanner_.FillMigrateList();
+    Edit(u"", u"of no table");
+    queries_.lstMigrateSource_ItemClick(1);
+    EXPECT_EQ(Below(), "<QUERY ST=\"abcde123\">select</QUERY>");
+    EXPECT_EQ(box_.Text(), u"select");
+}
+
 TEST_F(MainQueriesTest, DoesNothingWhenABlankRowIsClicked)
 {
     state_.StrMigrateTables = {u"abcde123"};

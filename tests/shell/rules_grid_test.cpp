@@ -114,6 +114,13 @@ TEST_F(RulesGridTest, AKeyThatIsNotThereLeavesTheRow)
     EXPECT_EQ(grid_.TopRow(), 1);
 }
 
+TEST_F(RulesGridTest, TabTakesTheFocusToTheGrid)
+{
+    views_.lstSourceFields.SetFocus();
+    grid_.KeyPress(9);
+    EXPECT_EQ(views_.Tree.Focused(), &grid_);
+}
+
 TEST_F(RulesGridTest, EditingAnEmptyGridIsAFailure)
 {
     RecordingPlatform platform;
