@@ -90,6 +90,8 @@ protected:
     }
 };
 
+} // namespace
+
 CodePage SystemCodePage()
 {
     const bool utf8 = QStringConverter::nameForEncoding(QStringConverter::System) == QByteArrayView("UTF-8") ||
@@ -97,10 +99,13 @@ CodePage SystemCodePage()
     return utf8 ? CodePage::Utf8 : CodePage::Windows1252;
 }
 
-} // namespace
-
 DesktopPlatform::DesktopPlatform(QWidget& owner)
-    : owner_(owner), files_(std::make_unique<PrivateFolderFiles>(SystemCodePage()))
+    : DesktopPlatform(owner, std::make_unique<PrivateFolderFiles>(SystemCodePage()))
+{
+}
+
+DesktopPlatform::DesktopPlatform(QWidget& owner, std::unique_ptr<TextFiles> files)
+    : owner_(owner), files_(std::move(files))
 {
 }
 

@@ -10,11 +10,17 @@
 
 namespace rulemesh {
 
+/// The code page of the texts of other programs here: UTF-8 where the system's locale is.
+[[nodiscard]] CodePage SystemCodePage();
+
 /// What a control asks of the desktop, answered by real boxes, forms, files and programs.
 class DesktopPlatform : public Platform {
 public:
     /// Boxes and forms stand over the window of `owner`, which must outlive the platform.
     explicit DesktopPlatform(QWidget& owner);
+
+    /// With temporary text files of the host's own.
+    DesktopPlatform(QWidget& owner, std::unique_ptr<TextFiles> files);
 
     /// Run before the user is asked or made to wait, so that the windows show how things stand.
     std::function<void()> BeforeWaiting;

@@ -6,6 +6,7 @@
 #include "desktop/desktop_platform.h"
 #include "desktop/qt_text.h"
 #include "desktop/view_surface.h"
+#include "platform/private_folder_files.h"
 
 namespace rulemesh {
 
@@ -42,9 +43,14 @@ private:
     RulemeshWidget& widget_;
 };
 
-RulemeshWidget::RulemeshWidget(QWidget* parent) : QWidget(parent)
+RulemeshWidget::RulemeshWidget(QWidget* parent)
+    : RulemeshWidget(std::make_unique<PrivateFolderFiles>(SystemCodePage()), parent)
 {
-    platform_ = std::make_unique<DesktopPlatform>(*this);
+}
+
+RulemeshWidget::RulemeshWidget(std::unique_ptr<TextFiles> files, QWidget* parent) : QWidget(parent)
+{
+    platform_ = std::make_unique<DesktopPlatform>(*this, std::move(files));
     events_ = std::make_unique<SignalEvents>(*this);
     Build(*platform_, *events_);
     platform_->BeforeWaiting = [this] { surface_->Sync(); };

@@ -32,6 +32,9 @@ class RulemeshWidget : public QWidget {
 public:
     explicit RulemeshWidget(QWidget* parent = nullptr);
 
+    /// A widget whose temporary files and copy file are the host's business.
+    explicit RulemeshWidget(std::unique_ptr<TextFiles> files, QWidget* parent = nullptr);
+
     /// A widget on a platform and events of the host's own, which must outlive it; nothing is shown by the default
     /// ones then, and no signal but FailureRaised is sent.
     RulemeshWidget(Platform& platform, ControlEvents& events, QWidget* parent = nullptr);

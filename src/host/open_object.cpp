@@ -4,6 +4,7 @@
 
 #include "desktop/rulemesh_widget.h"
 #include "desktop/view_surface.h"
+#include "host/application_files.h"
 #include "host/settings.h"
 
 namespace rulemesh {
@@ -20,7 +21,7 @@ std::array<const View*, 4> ScriptBoxes(DesignerViews& views)
 } // namespace
 
 OpenObject::OpenObject(const ObjectText& text, Access access, Origin origin, const Settings& settings, QWidget& parent)
-    : lead_(text.Lead), access_(access), widget_(new RulemeshWidget(&parent))
+    : lead_(text.Lead), access_(access), widget_(new RulemeshWidget(std::make_unique<ApplicationFiles>(), &parent))
 {
     connect(widget_, &RulemeshWidget::FailureRaised, this, [this](int number, const QString& description) {
         failed_ = true;

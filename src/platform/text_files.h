@@ -26,6 +26,10 @@ public:
     /// Makes the folder if it is missing, then makes the file or replaces all that it held.
     virtual void Write(TextView StrPath, std::string_view bytes) = 0;
 
+    /// Writes the copy file of the mapping object. A host whose objects shall be saved all the same when the copy fails
+    /// lets this one raise nothing.
+    virtual void WriteCopy(TextView StrPath, std::string_view bytes) { Write(StrPath, bytes); }
+
     /// All bytes of an existing file. Raises FileNotFound for a missing one.
     [[nodiscard]] virtual std::string Read(TextView StrPath) = 0;
 };

@@ -138,9 +138,9 @@ void ctlRulemesh::LeaveCopyFile(const std::string& StrXml)
     TextFiles& files = platform_.Files();
     const Text StrPath = files.Folder() + state_.StrTargetTable + u".xml";
     if (files.Page() == CodePage::Utf8)
-        files.Write(StrPath, StrXml);
+        files.WriteCopy(StrPath, StrXml);
     else
-        files.Write(StrPath, EncodeWithReferences(files.Page(), FromUtf8(StrXml)));
+        files.WriteCopy(StrPath, EncodeWithReferences(files.Page(), FromUtf8(StrXml)));
 }
 
 void ctlRulemesh::TargetTable(TextView StrTable)
