@@ -6,6 +6,7 @@
 #include <QIcon>
 #include <QTimer>
 
+#include "host/end_signals.h"
 #include "host/host_boxes.h"
 #include "host/main_window.h"
 #include "host/settings.h"
@@ -54,7 +55,13 @@ int RunApplication(int& argc, char** argv, const std::optional<QString>& file)
 
     Settings settings;
     DraftStore drafts(DraftStore::DefaultFolder());
+    drafts.Sweep();
     MainWindow window(settings, drafts);
+    EndSignals endSignals;
+    QObject::connect(&endSignals, &EndSignals::Came, &window, [&](int signal) {
+        window.KeepDraft();
+        EndSignals::End(signal);
+    });
     window.show();
     QTimer::singleShot(0, &window, [&] {
         if (!file)

@@ -1,17 +1,25 @@
 #include "host/draft_keeper.h"
 
-#include "host/host_error.h"
+#include <exception>
+
+#include "desktop/rulemesh_widget.h"
 #include "host/open_object.h"
 
 namespace rulemesh {
 
-DraftKeeper::DraftKeeper(OpenObject& object, DraftStore& store, QString file, int milliseconds,
+DraftKeeper::DraftKeeper(OpenObject& object, DraftStore& store, QString file, DraftTimes times,
                          std::unique_ptr<Draft> recovered)
     : object_(object), store_(store), file_(std::move(file)), draft_(std::move(recovered))
 {
+    if (object_.AccessMode() == Access::ReadOnly)
+        return;
+    pause_.setSingleShot(true);
+    pause_.setInterval(times.Pause);
+    connect(&object_.Widget(), &RulemeshWidget::Acted, &pause_, qOverload<>(&QTimer::start));
+    connect(&pause_, &QTimer::timeout, this, &DraftKeeper::Turn);
     connect(&clock_, &QTimer::timeout, this, &DraftKeeper::Turn);
-    if (object_.AccessMode() == Access::Edit)
-        clock_.start(milliseconds);
+    pause_.start(); // what was opened may be unsaved already
+    clock_.start(times.Turn);
 }
 
 void DraftKeeper::Drop(const QString& file)
@@ -25,16 +33,14 @@ void DraftKeeper::Drop(const QString& file)
 
 void DraftKeeper::Turn()
 {
-    if (!object_.HasChanges()) {
-        if (draft_)
-            Drop(file_);
-        return;
-    }
     try {
-        Write();
-    } catch (const HostError& error) {
+        if (object_.HasChanges())
+            Write();
+        else if (draft_)
+            Drop(file_);
+    } catch (const std::exception& error) { // an object that can't be told, or a draft that can't be written
         if (!std::exchange(failed_, true))
-            emit Failed(error.Text());
+            emit Failed(QString::fromUtf8(error.what()));
     }
 }
 

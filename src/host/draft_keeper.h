@@ -11,14 +11,21 @@ namespace rulemesh {
 
 class OpenObject;
 
-/// Keeps the draft of one open object: written at every turn of the clock while there are changes, gone when there are
-/// none any more. The last draft stands when the program ends in any other way.
+/// When a draft is written, in milliseconds: a pause after the last thing that the user did, and in turns while he goes
+/// on.
+struct DraftTimes {
+    int Pause = 1000;
+    int Turn = 15000;
+};
+
+/// Keeps the draft of one open object: written while there are changes, gone when there are none any more. The last
+/// draft stands when the program ends in any other way.
 class DraftKeeper : public QObject {
     Q_OBJECT
 
 public:
     /// `recovered` is the draft that the object came from, if any. Everything given must outlive the keeper.
-    DraftKeeper(OpenObject& object, DraftStore& store, QString file, int milliseconds,
+    DraftKeeper(OpenObject& object, DraftStore& store, QString file, DraftTimes times,
                 std::unique_ptr<Draft> recovered);
 
     /// The object has been saved to this file, or its changes are not wanted.
@@ -31,7 +38,7 @@ public:
     void Turn();
 
 signals:
-    /// The draft can't be written. Told once.
+    /// The draft can't be written. Told once, until one can be written again.
     void Failed(const QString& text);
 
 private:
@@ -43,6 +50,7 @@ private:
     std::unique_ptr<Draft> draft_;
     QByteArray written_;
     bool failed_ = false;
+    QTimer pause_;
     QTimer clock_;
 };
 

@@ -113,6 +113,23 @@ std::unique_ptr<Draft> DraftStore::Begin(const QString& file)
     throw HostError(QStringLiteral("No draft can be kept in %1: look whether the folder can be written.").arg(folder_));
 }
 
+void DraftStore::Sweep() const
+{
+    SweepFolder(QFile::encodeName(folder_), DraftEnding.data());
+    // Earlier versions wrote to names of six characters more, and a lock without its draft was left while it was made.
+    const QDir folder(folder_);
+    const QString unfinished = QStringLiteral("*") + DraftEnding + QStringLiteral(".??????");
+    for (const QString& name : folder.entryList({unfinished}, QDir::Files)) {
+        if (Locked(folder.filePath(name.chopped(7))))
+            QFile::remove(folder.filePath(name));
+    }
+    for (const QString& name : folder.entryList({QStringLiteral("*") + LockEnding}, QDir::Files)) {
+        const QString draft = folder.filePath(name.chopped(LockEnding.size())) + DraftEnding;
+        if (!QFile::exists(draft))
+            (void)Locked(draft); // takes a stale one away as it goes
+    }
+}
+
 std::vector<DraftStore::Orphan> DraftStore::Orphans() const
 {
     std::vector<Orphan> orphans;

@@ -54,6 +54,9 @@ public:
     /// The folder in the user's data.
     [[nodiscard]] static QString DefaultFolder();
 
+    /// Removes what killed programs left behind besides their drafts.
+    void Sweep() const;
+
     /// A draft for a file that is being opened ("" for a new object), never one that holds something already. Raises
     /// HostError when the folder can't be written.
     [[nodiscard]] std::unique_ptr<Draft> Begin(const QString& file);

@@ -35,8 +35,8 @@ QString DraggedFile(const QDropEvent& event)
 
 } // namespace
 
-MainWindow::MainWindow(Settings& settings, DraftStore& drafts, int draftMilliseconds)
-    : settings_(settings), drafts_(drafts), draftMilliseconds_(draftMilliseconds), hintLabel_(new QLabel),
+MainWindow::MainWindow(Settings& settings, DraftStore& drafts, DraftTimes draftTimes)
+    : settings_(settings), drafts_(drafts), draftTimes_(draftTimes), hintLabel_(new QLabel),
       targetLabel_(new QLabel)
 {
     setAcceptDrops(true);
@@ -47,6 +47,7 @@ MainWindow::MainWindow(Settings& settings, DraftStore& drafts, int draftMillisec
     setMinimumWidth(SmallestWidth);
     MakeActions();
     ShowStartPage();
+    connect(qApp, &QGuiApplication::commitDataRequest, this, &MainWindow::KeepDraft, Qt::DirectConnection);
     if (!restoreGeometry(settings_.Geometry()))
         resize(960, 620);
 }
@@ -84,7 +85,7 @@ void MainWindow::Show(Opening opening)
     RulemeshWidget& designer = object_->Widget();
     builders_ = std::make_unique<Builders>(designer);
     functionButton_ = std::make_unique<FunctionButton>(designer);
-    keeper_ = std::make_unique<DraftKeeper>(*object_, drafts_, path_, draftMilliseconds_, std::move(opening.Handle));
+    keeper_ = std::make_unique<DraftKeeper>(*object_, drafts_, path_, draftTimes_, std::move(opening.Handle));
     connect(object_.get(), &OpenObject::StateChanged, this, &MainWindow::UpdateActions);
     connect(object_.get(), &OpenObject::FailureRaised, this, &MainWindow::TellFailure);
     connect(keeper_.get(), &DraftKeeper::Failed, this, [this](const QString& text) {

@@ -4,6 +4,7 @@
 
 #include <QMainWindow>
 
+#include "host/draft_keeper.h"
 #include "host/draft_store.h"
 #include "host/open_object.h"
 
@@ -14,7 +15,6 @@ class QMenu;
 namespace rulemesh {
 
 class Builders;
-class DraftKeeper;
 class FunctionButton;
 class Settings;
 
@@ -23,10 +23,8 @@ class MainWindow : public QMainWindow {
     Q_OBJECT
 
 public:
-    static constexpr int DraftMilliseconds = 15000;
-
     /// Settings and store must outlive the window.
-    MainWindow(Settings& settings, DraftStore& drafts, int draftMilliseconds = DraftMilliseconds);
+    MainWindow(Settings& settings, DraftStore& drafts, DraftTimes draftTimes = {});
     ~MainWindow() override;
 
     /// The open object, or none.
@@ -53,6 +51,9 @@ public:
 
     /// Tells in the status bar, without a question, that there are drafts to recover.
     void MentionDrafts();
+
+    /// Writes the draft of unsaved changes now: the program may end at any moment.
+    void KeepDraft();
 
     /// Asks about changes, and saves them where that is the answer. True when the object may go.
     bool MayLetGo();
@@ -105,6 +106,7 @@ private:
 
     void OfferDrafts(std::vector<DraftStore::Orphan> orphans);
     bool Recover(const DraftStore::Orphan& orphan);
+    void MendCutShortSave(const QString& path);
     [[nodiscard]] bool MayOverwrite(const QString& path);
     void Remember(const QString& path);
     void Forget(const QString& path);
@@ -112,7 +114,7 @@ private:
 
     Settings& settings_;
     DraftStore& drafts_;
-    int draftMilliseconds_;
+    DraftTimes draftTimes_;
 
     QString path_;
     FileStamp stamp_;

@@ -11,7 +11,9 @@
 #include "host/host_error.h"
 #include "host/main_window.h"
 #include "host/new_object_dialog.h"
+#include "host/plain_file.h"
 #include "host/recover_dialog.h"
+#include "host/safe_file.h"
 #include "host/settings.h"
 
 namespace rulemesh {
@@ -108,6 +110,8 @@ void MainWindow::OpenFile(const QString& path, Access access)
         return;
     const QString absolute = QFileInfo(path).absoluteFilePath();
     try {
+        SweepLeftovers(absolute);
+        MendCutShortSave(absolute);
         ObjectText text = ReadObjectFile(absolute);
         CheckObject(text);
         if (!AskForReadOnly(QFileInfo(path).fileName(), text, access))
@@ -122,6 +126,19 @@ void MainWindow::OpenFile(const QString& path, Access access)
     Remember(absolute);
     if (access == Access::Edit)
         OfferDrafts(drafts_.OrphansOf(absolute));
+}
+
+// A file that was being written in place when its program was killed may hold a mixture of two texts.
+void MainWindow::MendCutShortSave(const QString& path)
+{
+    const QString copy = CopyOfCutShortSave(path);
+    if (!copy.isEmpty() &&
+        AskToGoOn(this, QStringLiteral("The last save of %1 may have been cut short.").arg(QFileInfo(path).fileName()),
+                  QStringLiteral("A program was ended while it wrote the file. The whole text from before that save "
+                                 "stands in %1.")
+                      .arg(copy),
+                  QStringLiteral("&Put It Back")))
+        WriteFileAtOnce(path, ReadPlainFile(copy));
 }
 
 void MainWindow::Remember(const QString& path)
@@ -191,6 +208,8 @@ bool MainWindow::SaveTo(const QString& path)
     try {
         WriteObjectFile(absolute, *text);
     } catch (const HostError& error) {
+        if (absolute == path_)
+            stamp_ = StampOf(path_); // what changed it was this program
         TellProblem(this, QStringLiteral("%1 was not saved.").arg(QFileInfo(absolute).fileName()), error.Text());
         return false;
     }
@@ -242,6 +261,12 @@ void MainWindow::ImportCatalogue(const QString& path)
     } catch (const HostError& error) {
         TellProblem(this, QStringLiteral("%1 was not imported.").arg(QFileInfo(path).fileName()), error.Text());
     }
+}
+
+void MainWindow::KeepDraft()
+{
+    if (keeper_ && object_->AccessMode() == Access::Edit)
+        keeper_->Turn();
 }
 
 void MainWindow::OfferDrafts() { OfferDrafts(drafts_.Orphans()); }

@@ -1,5 +1,7 @@
 // What is left of the user's work when the program is killed.
 
+#include <csignal>
+
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -7,7 +9,9 @@
 #include <QThread>
 
 #include "host/host_desk.h"
+#include "host/plain_file.h"
 #include "host/recover_dialog.h"
+#include "host/safe_file.h"
 
 namespace rulemesh {
 namespace {
@@ -25,11 +29,14 @@ public:
         EXPECT_TRUE(process_.waitForStarted());
     }
 
-    void Kill()
+    void Kill() { End(SIGKILL); }
+
+    void End(int signal)
     {
-        process_.kill();
+        ASSERT_EQ(::kill(static_cast<pid_t>(process_.processId()), signal), 0);
         EXPECT_TRUE(process_.waitForFinished());
         EXPECT_EQ(process_.exitStatus(), QProcess::CrashExit);
+        EXPECT_EQ(process_.exitCode(), signal);
     }
 
 private:
@@ -42,10 +49,15 @@ class CrashTest : public HostDesk {
 protected:
     [[nodiscard]] QString Folder() const { return QString::fromStdString(folder.Path().native()); }
 
-    bool DraftHolds(const QByteArray& text) const
+    // Where the application keeps its drafts.
+    [[nodiscard]] QString Drafts() const { return File("data/rulemesh/drafts"); }
+
+    bool DraftHolds(const QByteArray& text) const { return DraftHolds(text, File("drafts")); }
+
+    static bool DraftHolds(const QByteArray& text, const QString& folder)
     {
-        for (const QString& name : QDir(File("drafts")).entryList({QStringLiteral("*.draft.xml")})) {
-            QFile draft(File("drafts") + u'/' + name);
+        for (const QString& name : QDir(folder).entryList({QStringLiteral("*.draft.xml")})) {
+            QFile draft(folder + u'/' + name);
             if (draft.open(QIODevice::ReadOnly) && draft.readAll().contains(text))
                 return true;
         }
@@ -113,6 +125,82 @@ TEST_F(CrashTest, OffersTheDraftOfAFileWhenItIsOpened)
     EXPECT_TRUE(discard.WasAsked());
     EXPECT_FALSE(window->Object()->HasChanges());
     EXPECT_TRUE(drafts.Orphans().empty());
+}
+
+// The next draft is 15 seconds away, as the user makes no pause.
+TEST_F(CrashTest, BySignalsThatEndProgramsWritesTheDraftFirst)
+{
+    for (const int signal : {SIGTERM, SIGHUP, SIGINT}) {
+        QFile::remove(File("typed"));
+        QDir(Drafts()).removeRecursively();
+        Victim victim(QStringLiteral("application"), Folder());
+        ASSERT_TRUE(WaitFor([this] { return QFile::exists(File("typed")); }));
+        EXPECT_FALSE(DraftHolds("typed before the end", Drafts()));
+        victim.End(signal);
+        EXPECT_TRUE(DraftHolds("typed before the end", Drafts())) << signal;
+    }
+    EXPECT_EQ(OnDisk(), Lead + SmallObject);
+}
+
+TEST_F(CrashTest, InTheMiddleOfASaveLeavesNothingForLongBesideTheFile)
+{
+    const QString left = QStringLiteral("object.xml.*");
+    bool wasLeft = false;
+    for (unsigned long round = 0; round < 60 && !wasLeft; ++round) {
+        Victim victim(QStringLiteral("save"), Folder());
+        ASSERT_TRUE(WaitFor([&] { return OnDisk().size() > LargeText; }));
+        QThread::usleep(500 * round);
+        victim.Kill();
+        wasLeft = !QDir(Folder()).entryList({left}).isEmpty();
+        if (!wasLeft)
+            Put(folder / "object.xml", SmallObject);
+    }
+    EXPECT_TRUE(wasLeft);
+    window->OpenFile(File("object.xml"));
+    EXPECT_TRUE(QDir(Folder()).entryList({left}).isEmpty());
+    EXPECT_GT(OnDisk().size(), LargeText);
+}
+
+// Such a file is written in place.
+TEST_F(CrashTest, InTheMiddleOfASaveOfAFileOfTwoNamesCostsNoText)
+{
+    const std::string a = TextOf('a');
+    const std::string b = TextOf('b');
+    std::filesystem::create_hard_link(folder / "object.xml", folder / "other.xml");
+    for (unsigned long round = 0; round < 12; ++round) {
+        Victim victim(QStringLiteral("save"), Folder());
+        ASSERT_TRUE(WaitFor([&] { return OnDisk("other.xml").size() > LargeText; }));
+        QThread::usleep(700 * round + 300);
+        victim.Kill();
+        const QString copy = CopyOfCutShortSave(File("object.xml"));
+        if (!copy.isEmpty())
+            WriteFileAtOnce(File("other.xml"), ReadPlainFile(copy));
+        const std::string left = OnDisk("other.xml");
+        EXPECT_TRUE(left == a || left == b) << "round " << round << ": " << left.size() << " bytes";
+    }
+}
+
+TEST_F(CrashTest, OffersTheTextBeforeASaveInPlaceThatWasCutShort)
+{
+    Put(folder / "object.xml", "<partn101><PREC>of two texts</PREC></partn101>");
+    Put(folder / "object.xml.rulemesh-999999999-1.old", Lead + SmallObject);
+    {
+        ModalAnswer cancel(Press(QMessageBox::Cancel));
+        window->OpenFile(File("object.xml"));
+        EXPECT_TRUE(cancel.WasAsked());
+        EXPECT_EQ(Views().txtPreCondition.Text(), u"of two texts");
+    }
+    ModalAnswer putBack([](QWidget& modal) {
+        for (QPushButton* button : modal.findChildren<QPushButton*>()) {
+            if (button->text() == QStringLiteral("&Put It Back"))
+                button->click();
+        }
+    });
+    window->OpenFile(File("object.xml"));
+    EXPECT_TRUE(putBack.WasAsked());
+    EXPECT_NE(window->Object(), nullptr);
+    EXPECT_EQ(OnDisk(), Lead + SmallObject);
+    EXPECT_EQ(QDir(Folder()).entryList({QStringLiteral("object.xml*")}).size(), 1);
 }
 
 TEST_F(CrashTest, KeepsADraftForLater)

@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
+#include <QFileInfo>
 
 #include "host/host_error.h"
+#include "platform/file_size_limit.h"
 #include "platform/temporary_folder.h"
 
 namespace rulemesh {
@@ -89,6 +91,39 @@ TEST_F(Drafts, AreFoundByTheNameOfTheirFileHoweverItIsWritten)
     Store().Begin(File("link.xml"))->Write(File("link.xml"), Object);
     EXPECT_EQ(Store().OrphansOf(File("object.xml")).size(), 1u);
     EXPECT_EQ(Store().OrphansOf(File("other.xml")).size(), 0u);
+}
+
+TEST_F(Drafts, ComeWithoutWhatKilledProgramsLeftBesideThem)
+{
+    const auto running = Store().Begin(File("object.xml"));
+    running->Write(File("object.xml"), Object);
+    Store().Begin({})->Write({}, Object);
+    const QDir folder(File("drafts"));
+    const QStringList kept = folder.entryList(QDir::Files);
+    const std::string draft = running->Path().toStdString();
+    const std::string orphan = folder.filePath(QStringLiteral("new-1.draft.xml")).toStdString();
+    Put(orphan + ".rulemesh-999999999-1", "half a dra");
+    Put(orphan + ".AbCdEf", "of an earlier version");
+    Put(folder.filePath(QStringLiteral("new-7.lock")).toStdString(), "999999999\nrulemesh\n\n");
+    Put(draft + ".AbCdEf", "perhaps being written");
+    Store().Sweep();
+    QStringList expected = kept;
+    expected += QFileInfo(running->Path()).fileName() + QStringLiteral(".AbCdEf");
+    expected.sort();
+    EXPECT_EQ(folder.entryList(QDir::Files), expected);
+}
+
+TEST_F(Drafts, StandWhenTheNextOneCanNotBeWritten)
+{
+    const auto draft = Store().Begin(File("object.xml"));
+    draft->Write(File("object.xml"), Object);
+    const std::string before = Contents(draft->Path().toStdString());
+    {
+        const FileSizeLimit full(20);
+        EXPECT_THROW(draft->Write(File("object.xml"), {"", "<partn101><PREC>later</PREC></partn101>"}), HostError);
+    }
+    EXPECT_EQ(Contents(draft->Path().toStdString()), before);
+    EXPECT_EQ(QDir(File("drafts")).entryList({QStringLiteral("*.draft.xml*")}).size(), 1);
 }
 
 TEST_F(Drafts, StandInAFolderForTheUserAlone)

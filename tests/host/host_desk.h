@@ -88,7 +88,7 @@ protected:
 
     void MakeWindow()
     {
-        window = std::make_unique<MainWindow>(settings, drafts, 20);
+        window = std::make_unique<MainWindow>(settings, drafts, DraftTimes{20, 20});
         window->resize(1000, 650);
         window->show();
     }
@@ -109,6 +109,9 @@ protected:
     const std::string Lead = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!-- ours -->\n";
     TemporaryFolder folder;
     Environment temporary{"TMPDIR", folder.Path().native()};
+    Environment cache{"XDG_CACHE_HOME", (folder / "cache").native()};
+    Environment data{"XDG_DATA_HOME", (folder / "data").native()};
+    Environment configuration{"XDG_CONFIG_HOME", (folder / "config").native()};
     Settings settings{File("settings.ini")};
     DraftStore drafts{File("drafts")};
     std::unique_ptr<MainWindow> window;

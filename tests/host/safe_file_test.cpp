@@ -1,13 +1,11 @@
 #include "host/safe_file.h"
 
-#include <csignal>
 #include <cstring>
 #include <filesystem>
 #include <set>
 #include <string>
 
 #include <sys/mount.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <sys/xattr.h>
@@ -20,6 +18,7 @@
 #include "host/host_error.h"
 #include "host/leftovers.h"
 #include "host/object_file.h"
+#include "platform/file_size_limit.h"
 #include "platform/ordinary_user.h"
 #include "platform/temporary_folder.h"
 
@@ -198,14 +197,11 @@ TEST_F(FullDisk, KeepsTheOldTextOfAFileOfTwoNames)
 
 TEST_F(SafeFile, KeepsTheOldTextWhereFilesMayNotGrow)
 {
-    auto* handler = std::signal(SIGXFSZ, SIG_IGN);
-    rlimit previous{};
-    ::getrlimit(RLIMIT_FSIZE, &previous);
-    const rlimit limit{20, previous.rlim_max};
-    ::setrlimit(RLIMIT_FSIZE, &limit);
-    const std::string told = Complaint(File(), Small);
-    ::setrlimit(RLIMIT_FSIZE, &previous);
-    std::signal(SIGXFSZ, handler);
+    std::string told;
+    {
+        const FileSizeLimit full(20);
+        told = Complaint(File(), Small);
+    }
     EXPECT_THAT(told, HasSubstr("File too large"));
     EXPECT_EQ(Contents(File()), Old);
     EXPECT_EQ(NamesIn(Folder()), std::set<std::string>{"object.xml"});

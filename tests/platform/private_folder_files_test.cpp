@@ -1,17 +1,16 @@
 #include "platform/private_folder_files.h"
 
-#include <csignal>
 #include <filesystem>
 #include <optional>
 #include <string>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
 
 #include "base/failure_of.h"
+#include "platform/file_size_limit.h"
 #include "platform/ordinary_user.h"
 #include "platform/temporary_folder.h"
 
@@ -31,28 +30,6 @@ public:
 
 private:
     mode_t previous_;
-};
-
-// No file can grow past the limit meanwhile, as on a full disk.
-class FileSizeLimit {
-public:
-    explicit FileSizeLimit(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        ::getrlimit(RLIMIT_FSIZE, &previous_);
-        const rlimit limit{bytes, previous_.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-    ~FileSizeLimit()
-    {
-        ::setrlimit(RLIMIT_FSIZE, &previous_);
-        std::signal(SIGXFSZ, handler_);
-    }
-
-private:
-    rlimit previous_{};
-    void (*handler_)(int);
 };
 
 class PrivateFolderFilesTest : public testing::Test {
