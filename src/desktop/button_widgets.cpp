@@ -102,8 +102,10 @@ FrameWidget::FrameWidget(ViewSurface& surface, Frame& frame, QWidget& parent)
 void FrameWidget::Sync()
 {
     ViewWidget::Sync();
-    if (box_ != nullptr)
-        box_->setTitle(ToQt(frame_.Caption()));
+    if (box_ == nullptr)
+        return;
+    box_->setTitle(ToQt(frame_.Caption()));
+    box_->setAccessibleName(AccessibleName(frame_));
 }
 
 PictureWidget::PictureWidget(ViewSurface& surface, PictureButton& picture, QWidget& parent)

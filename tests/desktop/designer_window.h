@@ -10,6 +10,7 @@
 #include "desktop/rulemesh_widget.h"
 #include "desktop/view_surface.h"
 #include "desktop/view_widget.h"
+#include "support/mirror_watch.h"
 #include "support/recording_events.h"
 #include "support/recording_platform.h"
 #include "support/samples.h"
@@ -57,6 +58,7 @@ protected:
     QWidget Host;
     RulemeshWidget Designer{Desk, Events, &Host};
     QLineEdit Line{&Host};
+    MirrorWatch Watch; // the first to go, while all the others are there
 };
 
 } // namespace rulemesh

@@ -59,19 +59,26 @@ void Hands::Activate(const Place& place)
     QApplication::processEvents();
 }
 
-void Hands::Do(const Action& action, const std::function<void()>& whenBlocked)
+// A box or form is waited for as soon as it is there; a menu and the drag of a text only when the action does not end.
+void Hands::Do(const Action& action, const std::function<void(QWidget&)>& whenBlocked)
 {
+    constexpr int ManyTurns = 4;
     QWidget* const modal = QApplication::activeModalWidget();
+    QWidget* const popup = QApplication::activePopupWidget();
     int turns = 0;
     QTimer clock;
     QObject::connect(&clock, &QTimer::timeout, &clock, [&] {
-        QWidget* const now = QApplication::activeModalWidget();
-        if (now != nullptr && now != modal) {
-            const auto waiting = std::exchange(finishDrag_, nullptr);
-            whenBlocked();
-            finishDrag_ = waiting;
-        } else if (finishDrag_ != nullptr && ++turns > 3)
-            std::exchange(finishDrag_, nullptr)(); // the drag of a text is waited for
+        ++turns;
+        QWidget* const box = QApplication::activeModalWidget();
+        QWidget* const menu = QApplication::activePopupWidget();
+        const auto waiting = std::exchange(finishDrag_, nullptr);
+        if (box != nullptr && box != modal)
+            whenBlocked(*box);
+        else if (menu != nullptr && menu != popup && turns > ManyTurns)
+            whenBlocked(*menu);
+        else if (waiting != nullptr && turns > ManyTurns)
+            return waiting();
+        finishDrag_ = waiting;
     });
     clock.start(1);
     Perform(action);

@@ -13,8 +13,8 @@ class Hands {
 public:
     explicit Hands(MonkeyStage& stage) : stage_(stage) {}
 
-    /// Does an action. `whenBlocked` is run when the action is waited for: a box has come up.
-    void Do(const Action& action, const std::function<void()>& whenBlocked);
+    /// Does an action. `whenBlocked` is run with the box, form or menu that has come up and that the action waits for.
+    void Do(const Action& action, const std::function<void(QWidget&)>& whenBlocked);
 
 private:
     static void Activate(const Place& place);

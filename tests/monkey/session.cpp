@@ -56,25 +56,31 @@ private:
         alarm(MostSeconds);
         if (errand_.Tell)
             std::cerr << number << " " << Describe(ActionOf(errand_.Seed, number)).toStdString() << std::endl;
-        hands_.Do(ActionOf(errand_.Seed, number), [this] { WorkBox(); });
+        hands_.Do(ActionOf(errand_.Seed, number), [this](QWidget& box) { WorkBox(box); });
         if (progress_ >= 0 && write(progress_, ".", 1) != 1)
             progress_ = -1;
         // Behind a box that was closed the control has not gone on yet.
-        if (box == QApplication::activeModalWidget() && !finding_)
+        if ((box == nullptr || box == InFront()) && !finding_)
             Check(number);
         if (box == nullptr)
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
-    // The control waits for the box; the actions go on in it until it is gone.
-    void WorkBox()
+    [[nodiscard]] static QWidget* InFront()
     {
-        const QPointer<QWidget> box = QApplication::activeModalWidget();
+        QWidget* const popup = QApplication::activePopupWidget();
+        return popup != nullptr ? popup : QApplication::activeModalWidget();
+    }
+
+    // The control waits for the box; the actions go on in it until it is gone.
+    void WorkBox(QWidget& waitedFor)
+    {
+        const QPointer<QWidget> box = &waitedFor;
         Check(errand_.Numbers[next_ - 1]);
-        while (HasMore() && box != nullptr && QApplication::activeModalWidget() == box)
+        while (HasMore() && box != nullptr && box->isVisible())
             Step(box);
-        for (int tries = 0; !HasMore() && QApplication::activeModalWidget() != nullptr && tries < 20; ++tries) {
-            QApplication::activeModalWidget()->close();
+        for (int tries = 0; !HasMore() && InFront() != nullptr && tries < 20; ++tries) {
+            InFront()->close();
             QApplication::processEvents();
         }
     }

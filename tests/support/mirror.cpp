@@ -6,6 +6,7 @@
 
 #include "desktop/form_dialog.h"
 #include "desktop/rulemesh_widget.h"
+#include "desktop/view_surface.h"
 #include "support/mirror_widgets.h"
 #include "views/view_tree.h"
 
@@ -66,6 +67,7 @@ std::vector<std::string> Differences(const ViewTree& tree, const QWidget& root)
 
 std::vector<std::string> Differences(RulemeshWidget& designer)
 {
+    QCoreApplication::sendPostedEvents(&designer.Surface(), QEvent::MetaCall); // what is queued to be shown
     return Differences(designer.Control().Views().Tree, designer);
 }
 

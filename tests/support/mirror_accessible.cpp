@@ -17,6 +17,17 @@ namespace rulemesh {
 
 namespace {
 
+// The cells of a list or grid as a screen reader that starts now gets them: while none runs, the toolkit keeps those
+// that it made before rows came and went.
+QAccessibleTableInterface* CellsOf(QWidget& widget, QAccessibleInterface& reader)
+{
+    QAccessibleTableModelChangeEvent reset(&widget, QAccessibleTableModelChangeEvent::ModelReset);
+    QAccessibleTableInterface* cells = reader.tableInterface();
+    if (cells != nullptr)
+        cells->modelChange(&reset);
+    return cells;
+}
+
 const std::map<ViewKind, std::set<QAccessible::Role>>& Roles()
 {
     static const std::map<ViewKind, std::set<QAccessible::Role>> roles = {
@@ -70,9 +81,9 @@ void CompareRows(const ListView& list, const QAbstractItemView& tree, QAccessibl
     }
 }
 
-void CompareList(const ListView& list, const QWidget& widget, QAccessibleInterface& reader, Findings& findings)
+void CompareList(const ListView& list, QWidget& widget, QAccessibleInterface& reader, Findings& findings)
 {
-    QAccessibleTableInterface* table = reader.tableInterface();
+    QAccessibleTableInterface* table = CellsOf(widget, reader);
     if (table == nullptr)
         return findings.Say(QStringLiteral("has no rows for a screen reader"));
     if (!widget.isVisible())
@@ -86,9 +97,9 @@ void CompareList(const ListView& list, const QWidget& widget, QAccessibleInterfa
         CompareRows(list, dynamic_cast<const QAbstractItemView&>(widget), *table, findings);
 }
 
-void CompareGrid(const Grid& grid, const QWidget& widget, QAccessibleInterface& reader, Findings& findings)
+void CompareGrid(const Grid& grid, QWidget& widget, QAccessibleInterface& reader, Findings& findings)
 {
-    QAccessibleTableInterface* table = reader.tableInterface();
+    QAccessibleTableInterface* table = CellsOf(widget, reader);
     if (table == nullptr)
         return findings.Say(QStringLiteral("has no cells for a screen reader"));
     if (grid.Rows() == 0)
