@@ -38,10 +38,21 @@ class Button : public CaptionedView {
 public:
     Button(ViewTree& tree, const ViewDesign& design) : CaptionedView(tree, ViewKind::Button, design) {}
 
+    /// Whether Enter presses the button from wherever nothing else takes that key.
+    [[nodiscard]] bool Default() const noexcept { return default_; }
+    void Default(bool isDefault)
+    {
+        default_ = isDefault;
+        Changed();
+    }
+
     /// Moves the focus to the button and runs the click. The click is lost when the focus does not get there.
     void UserClicks();
 
     Slot Click;
+
+private:
+    bool default_ = false;
 };
 
 /// A flat picture that acts like a button but takes no focus.

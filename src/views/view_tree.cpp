@@ -87,4 +87,11 @@ bool ViewTree::UserPressesKey(View& view, std::int16_t KeyCode, std::int16_t Shi
     return KeyCode != pressed;
 }
 
+bool ViewTree::UserPressesKey(std::int16_t KeyCode, std::int16_t Shift)
+{
+    const std::int16_t pressed = KeyCode;
+    Run(KeyDown, KeyCode, Shift);
+    return KeyCode != pressed;
+}
+
 } // namespace rulemesh

@@ -40,6 +40,10 @@ public:
     /// A key goes down on a view: the form's handler sees it first. True when a handler cancelled it.
     bool UserPressesKey(View& view, std::int16_t KeyCode, std::int16_t Shift);
 
+    /// A key goes down in the form while no view has the focus: only the form's handler sees it. True when it cancelled
+    /// the key.
+    bool UserPressesKey(std::int16_t KeyCode, std::int16_t Shift);
+
     KeySlot KeyDown;
     Slot ExitFocus;
 
