@@ -2,21 +2,11 @@
 
 #include <algorithm>
 
-#include <QInputMethodEvent>
-#include <QMimeData>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QTextBlock>
-#include <QTextDocumentFragment>
 
 namespace rulemesh {
-
-namespace {
-
-// The text as the box keeps it. Other programs take the plain text, with their own line ends.
-const QString OwnFormat = QStringLiteral("application/x-rulemesh-text");
-
-} // namespace
 
 class TextEdit::NumberArea : public QWidget {
 public:
@@ -29,9 +19,10 @@ private:
     TextEdit& editor_;
 };
 
-TextEdit::TextEdit(LineNumbers numbers, QWidget* parent) : QPlainTextEdit(parent)
+TextEdit::TextEdit(LineNumbers numbers, Owner& owner, QWidget* parent) : QPlainTextEdit(parent), owner_(owner)
 {
     setTabChangesFocus(false);
+    setUndoRedoEnabled(false); // the owner takes changes back
     if (numbers == LineNumbers::Hidden)
         return;
     setLineWrapMode(QPlainTextEdit::NoWrap);
@@ -103,49 +94,6 @@ void TextEdit::MarkCurrentLine()
     }
     setExtraSelections(marks);
     numbers_->update();
-}
-
-void TextEdit::insertFromMimeData(const QMimeData* source)
-{
-    const QTextCursor cursor = textCursor();
-    if (isReadOnly() || !source->hasText())
-        return;
-    const QString text = source->hasFormat(OwnFormat) ? QString::fromUtf8(source->data(OwnFormat)) : source->text();
-    OnInsert(cursor.selectionStart(), cursor.selectionEnd(), text);
-    ensureCursorVisible();
-}
-
-QMimeData* TextEdit::createMimeDataFromSelection() const
-{
-    const QTextCursor cursor = textCursor();
-    auto* data = new QMimeData; // the caller owns it
-    data->setText(cursor.selection().toPlainText());
-    data->setData(OwnFormat, OnCopy(cursor.selectionStart(), cursor.selectionEnd()).toUtf8());
-    return data;
-}
-
-// A single character is typed; what replaces others, or has several lines, comes in as a whole.
-void TextEdit::inputMethodEvent(QInputMethodEvent* event)
-{
-    const QString& text = event->commitString();
-    const bool whole =
-        event->replacementLength() > 0 || text.contains(QLatin1Char('\n')) || text.contains(QLatin1Char('\r'));
-    if (isReadOnly()) {
-        event->ignore(); // the base class would take it
-        return;
-    }
-    if (!whole) {
-        QPlainTextEdit::inputMethodEvent(event);
-        return;
-    }
-    const QTextCursor cursor = textCursor();
-    if (cursor.hasSelection() && event->replacementLength() == 0) {
-        OnInsert(cursor.selectionStart(), cursor.selectionEnd(), text);
-    } else {
-        const int from = cursor.position() + event->replacementStart();
-        OnInsert(from, from + event->replacementLength(), text);
-    }
-    event->accept();
 }
 
 void TextEdit::resizeEvent(QResizeEvent* event)

@@ -5,25 +5,17 @@
 
 #include <QFontDatabase>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QTextCursor>
 
 #include "desktop/qt_text.h"
 #include "desktop/script_highlighter.h"
-#include "desktop/text_edit.h"
 #include "views/grid.h"
 
 namespace rulemesh {
 
 namespace {
-
-constexpr QChar SoftBreak = QChar::LineSeparator;
-constexpr std::size_t MostRemembered = 64;
-
-bool IsLineEndAt(TextView text, std::size_t at) noexcept
-{
-    return text[at] == u'\r' && at + 1 < text.size() && text[at + 1] == u'\n';
-}
 
 ScannedFor ScannersOf(const View& view)
 {
@@ -31,88 +23,35 @@ ScannedFor ScannersOf(const View& view)
     return {.Migrate = precondition, .Dump = view.Name() != u"txtVariables"};
 }
 
-// A character that editors show as a line end of its own.
-QChar Shown(char16_t character) noexcept
+// The least replacement that makes one text of the other, never through the middle of a pair of surrogates.
+void ReplaceDifference(QTextDocument& document, const QString& before, const QString& after)
 {
-    switch (character) {
-    case u'\r':
-        return SoftBreak;
-    case QChar::ParagraphSeparator:
-    case 0xFDD0:
-    case 0xFDD1:
-        return u'\n';
-    default:
-        return character;
-    }
-}
-
-// Whether a text has line ends other than those that typing leaves.
-bool HasOddLineEnds(TextView text) noexcept
-{
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        if (IsLineEndAt(text, at))
-            ++at;
-        else if (Shown(text[at]) == SoftBreak || Shown(text[at]) == u'\n')
-            return true;
-    }
-    return false;
-}
-
-// What the user typed, with the line ends that the model keeps.
-Text TypedText(QStringView shown)
-{
-    Text text;
-    for (const QChar character : shown) {
-        if (character == QLatin1Char('\n') || character == SoftBreak)
-            text += LineEnd;
-        else
-            text += character.unicode();
-    }
-    return text;
+    const qsizetype shorter = std::min(before.size(), after.size());
+    const auto difference = std::mismatch(before.begin(), before.begin() + shorter, after.begin());
+    qsizetype front = difference.first - before.begin();
+    if (front > 0 && before[front - 1].isHighSurrogate())
+        --front;
+    qsizetype back = 0;
+    while (back < shorter - front && before[before.size() - 1 - back] == after[after.size() - 1 - back])
+        ++back;
+    if (back > 0 && before[before.size() - back].isLowSurrogate())
+        --back;
+    QTextCursor cursor(&document);
+    cursor.setPosition(static_cast<int>(front));
+    cursor.setPosition(static_cast<int>(before.size() - back), QTextCursor::KeepAnchor);
+    cursor.insertText(after.mid(front, after.size() - back - front));
 }
 
 } // namespace
 
-QString ShownText(TextView text)
-{
-    QString shown;
-    shown.reserve(static_cast<qsizetype>(text.size()));
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        if (IsLineEndAt(text, at))
-            ++at;
-        shown += Shown(text[at]);
-    }
-    return shown;
-}
-
-std::size_t ModelPosition(TextView text, qsizetype shownPosition)
-{
-    std::size_t at = 0;
-    for (; shownPosition > 0 && at < text.size(); --shownPosition)
-        at += IsLineEndAt(text, at) ? 2 : 1;
-    return at;
-}
-
-Text EditedText(TextView text, const QString& before, const QString& after)
-{
-    const qsizetype shorter = std::min(before.size(), after.size());
-    const auto difference = std::mismatch(before.begin(), before.begin() + shorter, after.begin());
-    const qsizetype front = difference.first - before.begin();
-    qsizetype back = 0;
-    while (back < shorter - front && before[before.size() - 1 - back] == after[after.size() - 1 - back])
-        ++back;
-    const std::size_t from = ModelPosition(text, front);
-    const std::size_t to = from + ModelPosition(text.substr(from), before.size() - back - front);
-    return Text(text.substr(0, from)) + TypedText(QStringView(after).mid(front, after.size() - back - front)) +
-           Text(text.substr(to));
-}
-
 TextWidget::TextWidget(ViewSurface& surface, TextBox& box, QWidget& parent)
     : ViewWidget(surface, box), box_(box), script_(dynamic_cast<SyntaxBox*>(&box)),
-      widget_(std::make_unique<TextEdit>(
-          script_ != nullptr ? TextEdit::LineNumbers::Shown : TextEdit::LineNumbers::Hidden, &parent))
+      widget_(
+          std::make_unique<TextEdit>(script_ != nullptr ? TextEdit::LineNumbers::Shown : TextEdit::LineNumbers::Hidden,
+                                     static_cast<TextEdit::Owner&>(*this), &parent))
 {
     Adopt(*widget_, widget_->viewport());
+    ChooseBars();
     if (script_ != nullptr) {
         QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
         font.setPointSizeF(widget_->font().pointSizeF());
@@ -120,12 +59,6 @@ TextWidget::TextWidget(ViewSurface& surface, TextBox& box, QWidget& parent)
         highlighter_ = std::make_unique<ScriptHighlighter>(*widget_->document(), ScannersOf(box));
     }
     connect(widget_.get(), &QPlainTextEdit::textChanged, this, &TextWidget::TakeOverEdit);
-    widget_->OnInsert = [this](int from, int to, const QString& text) { Insert(from, to, text); };
-    widget_->OnCopy = [this](int from, int to) {
-        const TextView text = box_.Text();
-        const std::size_t begin = ModelPosition(text, from);
-        return ToQt(text.substr(begin, ModelPosition(text.substr(begin), to - from)));
-    };
 }
 
 TextWidget::~TextWidget()
@@ -135,18 +68,31 @@ TextWidget::~TextWidget()
 
 QWidget& TextWidget::Widget() { return *widget_; }
 
+// The edit box of the grid is one row high: its one line must have room beside the border.
+void TextWidget::ChooseBars()
+{
+    if (box_.Name() == u"txtgrdline") {
+        widget_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+        widget_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        widget_->setFrameStyle(int(QFrame::Box) | int(QFrame::Plain));
+        widget_->document()->setDocumentMargin(1);
+    } else if (script_ == nullptr) {
+        widget_->setLineWrapMode(QPlainTextEdit::NoWrap);
+        widget_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+        widget_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    }
+}
+
 void TextWidget::Sync()
 {
-    const QScopedValueRollback<bool> guard(syncing_, true);
+    const QScopedValueRollback<bool> guard(showing_, true);
     ViewWidget::Sync();
     widget_->setReadOnly(box_.Locked());
     widget_->setTextInteractionFlags(widget_->textInteractionFlags() | Qt::TextSelectableByKeyboard);
     if (highlighter_ != nullptr)
         highlighter_->SwitchOn(script_->Highlight());
-    ShowText();
-    const bool hasRoom = widget_->height() >= 4 * widget_->fontMetrics().lineSpacing();
-    widget_->setVerticalScrollBarPolicy(hasRoom ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
     StandOnGridRow();
+    ShowText();
     widget_->raise(); // the edit box lies over its grid
 }
 
@@ -165,72 +111,95 @@ void TextWidget::StandOnGridRow()
     }
 }
 
+// What the program put into the box begins a history of its own.
 void TextWidget::ShowText()
 {
-    QString text = ShownText(box_.Text());
-    const bool textChanged = text != shown_;
+    const bool textChanged = box_.Text() != known_;
     if (textChanged) {
-        shown_ = std::move(text);
-        widget_->setPlainText(shown_);
-        lineEnds_.clear();
-        Remember();
+        known_ = box_.Text();
+        widget_->setPlainText(ShownText(known_));
+        history_.Clear();
     }
     const bool caretPlaced = std::exchange(caretMoves_, box_.CaretMoves()) != box_.CaretMoves();
-    if (textChanged || caretPlaced) {
-        QTextCursor cursor = widget_->textCursor();
-        cursor.setPosition(static_cast<int>(ShownText(TextView(box_.Text()).substr(0, box_.SelStart())).size()));
-        widget_->setTextCursor(cursor);
-    }
+    if (textChanged || caretPlaced)
+        PutCaret(box_.SelStart());
 }
 
-// The editor's undo knows one kind of line end; a text that has others comes back from here.
-void TextWidget::Remember()
+void TextWidget::ShowKnown()
 {
-    const int step = widget_->document()->availableUndoSteps();
-    if (HasOddLineEnds(box_.Text()))
-        lineEnds_[step] = box_.Text();
-    else
-        lineEnds_.erase(step);
-    if (lineEnds_.size() > MostRemembered)
-        lineEnds_.erase(lineEnds_.begin());
+    const QScopedValueRollback<bool> guard(showing_, true);
+    ReplaceDifference(*widget_->document(), widget_->WholeText(), ShownText(known_));
 }
 
+// Behind so many characters of the model's text.
+void TextWidget::PutCaret(std::size_t caret)
+{
+    QTextCursor cursor = widget_->textCursor();
+    cursor.setPosition(ShownPosition(known_, caret));
+    widget_->setTextCursor(cursor);
+    widget_->ensureCursorVisible();
+}
+
+// The user's change goes to the model. Where it doesn't get there (the box is locked, or leaving another view has
+// changed or hidden it), the editor goes back to what the model holds.
+void TextWidget::Change(Text text, std::size_t caret, Noted noted)
+{
+    const Text before = known_;
+    bool taken = false;
+    Surface().Act([&] {
+        if (!Surface().Tree().MoveFocus(box_) || box_.Locked() || box_.Text() != before)
+            return;
+        box_.UserTypes(std::move(text));
+        if (noted == Noted::AsChange)
+            history_.Note(before, box_.Text());
+        known_ = box_.Text();
+        ShowKnown();
+        PutCaret(caret);
+        taken = true;
+    });
+    if (!taken)
+        ShowKnown();
+}
+
+void TextWidget::Replace(int from, int to, const QString& text)
+{
+    const std::size_t begin = ModelPosition(known_, from);
+    Text whole = known_;
+    whole.replace(begin, ModelPosition(TextView(known_).substr(begin), to - from), FromQt(text));
+    Change(std::move(whole), begin + static_cast<std::size_t>(text.size()), Noted::AsChange);
+}
+
+QString TextWidget::Kept(int from, int to) const
+{
+    const std::size_t begin = ModelPosition(known_, from);
+    const TextView behind = TextView(known_).substr(begin);
+    return ToQt(behind.substr(0, ModelPosition(behind, to - from)));
+}
+
+void TextWidget::Undo()
+{
+    if (std::optional<EditHistory::Step> step = history_.Undo(known_))
+        Change(std::move(step->Whole), step->Caret, Noted::Already);
+}
+
+void TextWidget::Redo()
+{
+    if (std::optional<EditHistory::Step> step = history_.Redo(known_))
+        Change(std::move(step->Whole), step->Caret, Noted::Already);
+}
+
+// An assistive tool, or a drag to another program, has changed the editor itself.
 void TextWidget::TakeOverEdit()
 {
-    if (syncing_)
+    if (showing_)
         return;
-    QString now = widget_->WholeText();
-    if (now == shown_)
-        return; // only the colours changed
-    const auto before = lineEnds_.find(widget_->document()->availableUndoSteps());
-    Text text = before != lineEnds_.end() && ShownText(before->second) == now ? before->second
-                                                                              : EditedText(box_.Text(), shown_, now);
-    shown_ = std::move(now);
-    Surface().Act([&] {
-        box_.UserTypes(std::move(text));
-        Remember();
-    });
-}
-
-void TextWidget::Insert(int from, int to, const QString& text)
-{
-    // A text that is moved within the box has been taken out of its old place by now.
-    Text whole = EditedText(box_.Text(), shown_, widget_->WholeText());
-    const std::size_t begin = ModelPosition(whole, from);
-    whole.replace(begin, ModelPosition(TextView(whole).substr(begin), to - from), FromQt(text));
-    {
-        const QScopedValueRollback<bool> guard(syncing_, true);
-        QTextCursor cursor = widget_->textCursor();
-        cursor.setPosition(from);
-        cursor.setPosition(to, QTextCursor::KeepAnchor);
-        cursor.insertText(ShownText(FromQt(text)));
-        widget_->setTextCursor(cursor);
-        shown_ = widget_->WholeText();
-    }
-    Surface().Act([&] {
-        box_.UserTypes(std::move(whole));
-        Remember();
-    });
+    const QString now = widget_->WholeText();
+    const QString shown = ShownText(known_);
+    if (now == shown)
+        return;
+    Text whole = EditedText(known_, shown, now);
+    const std::size_t caret = ModelPosition(whole, widget_->textCursor().position());
+    Change(std::move(whole), caret, Noted::AsChange);
 }
 
 bool TextWidget::HandleKey(QKeyEvent& event)
@@ -245,5 +214,14 @@ bool TextWidget::HandleKey(QKeyEvent& event)
 }
 
 bool TextWidget::HandleMousePress(QMouseEvent& /*event*/, bool /*twice*/) { return !Surface().FocusFor(box_); }
+
+// Every button brings the focus, since each can change the text: by the menu, or by the selection of the mouse.
+bool TextWidget::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::MouseButtonPress && watched == widget_->viewport() &&
+        static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton && !Surface().FocusFor(box_))
+        return true;
+    return ViewWidget::eventFilter(watched, event);
+}
 
 } // namespace rulemesh
