@@ -2,7 +2,7 @@
 
 #include <map>
 
-#include "desktop/qt_text.h"
+#include "desktop/captions.h"
 #include "views/button.h"
 
 namespace rulemesh {
@@ -41,7 +41,7 @@ QString AccessibleName(const View& view)
     if (named != names.end())
         return named->second;
     const auto* captioned = dynamic_cast<const CaptionedView*>(&view);
-    return captioned == nullptr ? QString() : ToQt(captioned->Caption()).remove(QLatin1Char('&'));
+    return captioned == nullptr ? QString() : WithoutAccessKey(captioned->Caption());
 }
 
 } // namespace rulemesh

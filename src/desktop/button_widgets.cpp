@@ -6,6 +6,7 @@
 #include <QPainter>
 
 #include "desktop/accessible_names.h"
+#include "desktop/captions.h"
 #include "desktop/qt_text.h"
 
 namespace rulemesh {
@@ -50,8 +51,9 @@ ButtonWidget::ButtonWidget(ViewSurface& surface, Button& button, QWidget& parent
 void ButtonWidget::Sync()
 {
     ViewWidget::Sync();
-    if (widget_->text() != ToQt(button_.Caption()))
-        widget_->setText(ToQt(button_.Caption()));
+    if (widget_->text() != WithAccessKey(button_.Caption()))
+        widget_->setText(WithAccessKey(button_.Caption()));
+    widget_->setDefault(button_.Default());
 }
 
 bool ButtonWidget::HandleKey(QKeyEvent& event)
@@ -63,8 +65,10 @@ bool ButtonWidget::HandleKey(QKeyEvent& event)
 }
 
 LabelWidget::LabelWidget(ViewSurface& surface, Label& label, QWidget& parent)
-    : ViewWidget(surface, label), label_(label), widget_(std::make_unique<QLabel>(&parent))
+    : ViewWidget(surface, label), label_(label), widget_(std::make_unique<QLabel>(&parent)),
+      hasAccessKey_(AccessKeyOf(label.Caption()) != 0)
 {
+    widget_->setTextFormat(Qt::PlainText);
     Adopt(*widget_);
 }
 
@@ -72,12 +76,12 @@ void LabelWidget::Sync()
 {
     ViewWidget::Sync();
     widget_->setText(ToQt(label_.Caption()));
-    widget_->setAccessibleName(AccessibleName(label_));
+    widget_->setAccessibleName(hasAccessKey_ ? AccessibleName(label_) : ToQt(label_.Caption()));
     QFont font = widget_->parentWidget()->font();
     font.setBold(label_.Type().Bold);
     widget_->setFont(font);
     widget_->resize(widget_->size().expandedTo({widget_->sizeHint().width(), 0})); // no caption is cut
-    if (widget_->buddy() != nullptr)
+    if (!hasAccessKey_ || widget_->buddy() != nullptr)
         return;
     const std::vector<View*>& views = Surface().Tree().Views();
     const auto behind = std::find_if(std::find(views.begin(), views.end(), &label_), views.end(),
@@ -104,7 +108,7 @@ void FrameWidget::Sync()
     ViewWidget::Sync();
     if (box_ == nullptr)
         return;
-    box_->setTitle(ToQt(frame_.Caption()));
+    box_->setTitle(WithAccessKey(frame_.Caption()));
     box_->setAccessibleName(AccessibleName(frame_));
 }
 

@@ -24,7 +24,8 @@ private:
     std::unique_ptr<QPushButton> widget_;
 };
 
-/// A label's access key brings the focus to the view that stands behind it in the design.
+/// A label whose caption in the design has an access key brings the focus to the view that stands behind it there. Any
+/// other shows texts of the object, as they are.
 class LabelWidget : public ViewWidget {
 public:
     LabelWidget(ViewSurface& surface, Label& label, QWidget& parent);
@@ -34,6 +35,7 @@ public:
 private:
     Label& label_;
     std::unique_ptr<QLabel> widget_;
+    bool hasAccessKey_;
 };
 
 class FrameWidget : public ViewWidget {

@@ -5,10 +5,13 @@
 
 #include <QApplication>
 #include <QEventLoop>
+#include <QGridLayout>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QStringConverter>
 
+#include "desktop/box_titles.h"
 #include "desktop/form_dialog.h"
 #include "desktop/qt_text.h"
 #include "platform/private_folder_files.h"
@@ -90,6 +93,17 @@ protected:
     }
 };
 
+// The layout of a box leaves room for its text alone.
+void WidenForTitle(QDialog& box)
+{
+    static_cast<void>(box.sizeHint());                                       // makes the layout
+    auto* width = new QSpacerItem(WidthForTitle(box, box.windowTitle()), 0); // the layout's own
+    if (auto* grid = qobject_cast<QGridLayout*>(box.layout()); grid != nullptr)
+        grid->addItem(width, grid->rowCount(), 0, 1, grid->columnCount());
+    else
+        box.layout()->addItem(width);
+}
+
 } // namespace
 
 CodePage SystemCodePage()
@@ -115,18 +129,26 @@ void DesktopPlatform::PrepareToWait()
         BeforeWaiting();
 }
 
+QString DesktopPlatform::TitleOf(const Text& StrTitle) const
+{
+    if (!StrTitle.empty())
+        return ToQt(StrTitle);
+    return DefaultTitle.isEmpty() ? QApplication::applicationDisplayName() : DefaultTitle;
+}
+
 MessageButton DesktopPlatform::ShowMessage(const Message& message)
 {
     PrepareToWait();
     QMessageBox box(owner_.window());
     box.setIcon(IconOf(message.Icon));
-    box.setWindowTitle(message.Title.empty() ? QApplication::applicationDisplayName() : ToQt(message.Title));
+    box.setWindowTitle(TitleOf(message.Title));
     box.setTextFormat(Qt::PlainText);
     box.setText(ToQt(message.Text));
     for (const MessageButton button : message.Buttons)
         box.addButton(ButtonOf(button));
     box.setDefaultButton(ButtonOf(message.Buttons.front()));
     box.setEscapeButton(ButtonOf(message.Buttons.back()));
+    WidenForTitle(box);
     box.exec();
     const QMessageBox::StandardButton pressed = box.standardButton(box.clickedButton());
     for (const MessageButton button : message.Buttons) {
@@ -139,10 +161,13 @@ MessageButton DesktopPlatform::ShowMessage(const Message& message)
 std::optional<Text> DesktopPlatform::AskForText(const Text& StrPrompt, const Text& StrTitle)
 {
     PrepareToWait();
-    bool accepted = false;
-    const QString answer =
-        QInputDialog::getText(owner_.window(), ToQt(StrTitle), ToQt(StrPrompt), QLineEdit::Normal, {}, &accepted);
-    return accepted ? std::optional(FromQt(answer)) : std::nullopt;
+    QInputDialog box(owner_.window());
+    box.setWindowTitle(TitleOf(StrTitle));
+    box.setLabelText(ToQt(StrPrompt).replace(QLatin1Char('&'), QLatin1String("&&"))); // no access key
+    box.findChild<QLabel*>()->setTextFormat(Qt::PlainText);
+    WidenForTitle(box);
+    const bool accepted = box.exec() == QDialog::Accepted;
+    return accepted ? std::optional(FromQt(box.textValue())) : std::nullopt;
 }
 
 void DesktopPlatform::ShowModal(ModalForm& form)

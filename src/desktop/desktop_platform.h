@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 
+#include <QString>
 #include <QWidget>
 
 #include "platform/platform.h"
@@ -25,6 +26,9 @@ public:
     /// Run before the user is asked or made to wait, so that the windows show how things stand.
     std::function<void()> BeforeWaiting;
 
+    /// The title of a box that has none of its own: the name of the application, unless one is given.
+    QString DefaultTitle;
+
     MessageButton ShowMessage(const Message& message) override;
     std::optional<Text> AskForText(const Text& StrPrompt, const Text& StrTitle) override;
     void ShowModal(ModalForm& form) override;
@@ -35,6 +39,7 @@ public:
 
 private:
     void PrepareToWait();
+    [[nodiscard]] QString TitleOf(const Text& StrTitle) const;
 
     QWidget& owner_;
     std::unique_ptr<TextFiles> files_;

@@ -4,8 +4,8 @@
 
 #include <QCloseEvent>
 
+#include "desktop/box_titles.h"
 #include "desktop/qt_text.h"
-#include "views/button.h"
 
 namespace rulemesh {
 
@@ -16,7 +16,8 @@ FormDialog::FormDialog(ModalForm& form, QWidget* parent)
     QFont font = this->font();
     font.setPointSizeF(Font().Size);
     setFont(font);
-    setFixedSize(surface_.Pixels(form.Width()), surface_.Pixels(form.Height()));
+    setFixedSize(std::max(surface_.Pixels(form.Width()), WidthForTitle(*this, windowTitle())),
+                 surface_.Pixels(form.Height()));
     QRect taken;
     for (const View* view : form.Tree.Views()) {
         if (view->IsShown())
@@ -40,7 +41,7 @@ void FormDialog::FollowForm()
 
 void FormDialog::reject()
 {
-    surface_.Act([this] { dynamic_cast<Button&>(*form_.Tree.Find(u"CmdCancel")).UserClicks(); });
+    surface_.Act([this] { form_.UserCloses(); });
 }
 
 void FormDialog::closeEvent(QCloseEvent* event)

@@ -7,7 +7,8 @@
 
 namespace rulemesh {
 
-/// A modal form in a window of its own. Closing it from its frame asks what the form asks then; Escape cancels.
+/// A modal form in a window of its own, at least as wide as its title. Escape and closing it from its frame ask what
+/// the form asks then.
 class FormDialog : public QDialog {
     Q_OBJECT
 

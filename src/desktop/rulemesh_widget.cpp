@@ -1,6 +1,7 @@
 #include "desktop/rulemesh_widget.h"
 
 #include <QEvent>
+#include <QKeyEvent>
 #include <QResizeEvent>
 
 #include "desktop/desktop_platform.h"
@@ -76,6 +77,12 @@ void RulemeshWidget::Build(Platform& platform, ControlEvents& events)
         emit FailureRaised(failure.Number(), ToQt(failure.Description()));
     };
     surface_->OnActed = [this] { emit Acted(); };
+}
+
+void RulemeshWidget::SetBoxTitle(const QString& title)
+{
+    if (platform_ != nullptr)
+        platform_->DefaultTitle = title;
 }
 
 QSize RulemeshWidget::sizeHint() const { return {surface_->Pixels(DesignWidth), surface_->Pixels(DesignHeight)}; }
@@ -220,11 +227,19 @@ void RulemeshWidget::changeEvent(QEvent* event)
 void RulemeshWidget::focusInEvent(QFocusEvent* event)
 {
     QWidget::focusInEvent(event);
+    if (surface_->IsSyncing())
+        return;
     const bool tabbed = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
     if (tabbed && control_->Views().Tree.Focused() == nullptr)
         surface_->MoveFocusByTab(event->reason() == Qt::TabFocusReason);
     else
         surface_->FollowFocus();
+}
+
+void RulemeshWidget::keyPressEvent(QKeyEvent* event)
+{
+    if (!surface_->PressKey(*event))
+        QWidget::keyPressEvent(event);
 }
 
 bool RulemeshWidget::focusNextPrevChild(bool next)

@@ -62,6 +62,9 @@ public:
     enum class LayoutPasses { WhenResized, ByHost };
     void SetLayoutPasses(LayoutPasses passes) noexcept { layoutPasses_ = passes; }
 
+    /// Gives the boxes that have no title of their own one; without, it is the application's display name.
+    void SetBoxTitle(const QString& title);
+
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
@@ -108,6 +111,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     bool focusNextPrevChild(bool next) override;
 
 private:

@@ -77,6 +77,7 @@ bool ViewSurface::Act(const std::function<void()>& action)
 
 void ViewSurface::Sync()
 {
+    ParkFocus();
     const QScopedValueRollback<bool> guard(following_, true);
     for (View* view : tree_.TakeChanged())
         Of(*view).Sync();
@@ -90,6 +91,21 @@ void ViewSurface::SyncAll()
     for (View* view : tree_.Views())
         Of(*view).Sync();
     FollowFocus();
+}
+
+// The toolkit moves its focus on from a widget that is hidden or disabled, out of the form at the end. So it goes aside
+// before its widget does.
+void ViewSurface::ParkFocus()
+{
+    const QScopedValueRollback<bool> guard(following_, true);
+    QWidget* holder = root_.window()->focusWidget();
+    if (!IsInside(holder, root_) || holder == &root_)
+        return;
+    const bool stays = std::any_of(tree_.Views().begin(), tree_.Views().end(), [&](const View* view) {
+        return view->CanBeReached() && &WidgetOf(*view) == holder;
+    });
+    if (!stays)
+        root_.setFocus(Qt::OtherFocusReason);
 }
 
 void ViewSurface::FollowFocus()
@@ -110,6 +126,8 @@ void ViewSurface::FollowFocus()
 // activation has not.
 void ViewSurface::OnFocusChanged(QWidget* old, QWidget* now)
 {
+    if (IsInside(old, root_))
+        focusLeft_ = std::chrono::steady_clock::now();
     const bool left = IsInside(old, root_) && now != nullptr && !IsInside(now, root_) &&
                       now->window() == root_.window() && qobject_cast<QMenuBar*>(now) == nullptr &&
                       qobject_cast<QMenu*>(now) == nullptr;
@@ -129,6 +147,21 @@ bool ViewSurface::PressKey(View& view, QKeyEvent& event)
         return true;
     }
     return !done || cancelled || !view.HasFocus();
+}
+
+bool ViewSurface::PressKey(const QKeyEvent& event)
+{
+    const std::int16_t code = KeyCodeOf(event);
+    if (code == 0 || tree_.Focused() != nullptr)
+        return false;
+    bool cancelled = false;
+    Act([&] { cancelled = tree_.UserPressesKey(code, ShiftOf(event)); });
+    return cancelled || tree_.Focused() != nullptr;
+}
+
+std::chrono::steady_clock::time_point ViewSurface::FocusedAt() const
+{
+    return IsInside(root_.window()->focusWidget(), root_) ? std::chrono::steady_clock::time_point::max() : focusLeft_;
 }
 
 bool ViewSurface::FocusFor(View& view)

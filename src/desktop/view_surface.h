@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <map>
 #include <memory>
@@ -52,6 +53,8 @@ public:
     /// Brings what changed to the widgets. Called by itself before control returns to the event loop.
     void Sync();
 
+    [[nodiscard]] bool IsSyncing() const noexcept { return following_; }
+
     /// Brings everything to the widgets, for a new density or font.
     void SyncAll();
 
@@ -73,14 +76,22 @@ public:
     /// Brings Qt's focus to where the model has it.
     void FollowFocus();
 
+    /// A key goes down while no view has the focus: the form's own handler sees it. True when that took it.
+    bool PressKey(const QKeyEvent& event);
+
+    /// When the focus was in the form last; the beginning of the clock for one that it never was in.
+    [[nodiscard]] std::chrono::steady_clock::time_point FocusedAt() const;
+
 private:
     void OnFocusChanged(QWidget* old, QWidget* now);
+    void ParkFocus();
 
     ViewTree& tree_;
     QWidget& root_;
     std::map<const View*, std::unique_ptr<ViewWidget>> widgets_;
     int acting_ = 0;
     bool following_ = false;
+    std::chrono::steady_clock::time_point focusLeft_; // when the focus was last seen to go
 };
 
 } // namespace rulemesh

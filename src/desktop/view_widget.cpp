@@ -1,8 +1,11 @@
 #include "desktop/view_widget.h"
 
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QShortcutEvent>
 
+#include "desktop/access_keys.h"
 #include "desktop/accessible_names.h"
 #include "desktop/button_widgets.h"
 #include "desktop/combo_widget.h"
@@ -11,6 +14,7 @@
 #include "desktop/qt_text.h"
 #include "desktop/tab_widget.h"
 #include "desktop/text_widget.h"
+#include "desktop/tool_tips.h"
 
 namespace rulemesh {
 
@@ -39,6 +43,16 @@ bool ViewWidget::HandleKey(QKeyEvent& /*event*/) { return false; }
 
 bool ViewWidget::HandleMousePress(QMouseEvent& /*event*/, bool /*twice*/) { return false; }
 
+// A shortcut, an assistive tool or the tab key of the window around brought the focus here past the model.
+void ViewWidget::TakeOverFocus(Qt::FocusReason reason)
+{
+    const bool tabbed = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
+    if (tabbed && surface_.Tree().Focused() == nullptr)
+        surface_.MoveFocusByTab(reason == Qt::TabFocusReason);
+    else if (tabbed || reason == Qt::ShortcutFocusReason || reason == Qt::OtherFocusReason)
+        surface_.FocusFor(view_);
+}
+
 bool ViewWidget::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
@@ -65,12 +79,18 @@ bool ViewWidget::eventFilter(QObject* watched, QEvent* event)
             return true;
         break;
     }
+    case QEvent::ToolTip:
+        if (ShowToolTip(static_cast<QHelpEvent&>(*event), Widget()))
+            return true;
+        break;
+    case QEvent::Shortcut:
+        if (watched != &Widget())
+            break;
+        PressAccessKey(surface_, static_cast<QShortcutEvent&>(*event).key()[0].key());
+        return true;
     case QEvent::FocusIn: {
-        // A shortcut or an assistive tool brought the focus here past the model.
-        const auto reason = static_cast<QFocusEvent*>(event)->reason();
-        const bool moved = reason == Qt::ShortcutFocusReason || reason == Qt::OtherFocusReason;
-        if (moved && watched == &Widget() && !view_.HasFocus())
-            surface_.FocusFor(view_);
+        if (watched == &Widget() && !view_.HasFocus())
+            TakeOverFocus(static_cast<QFocusEvent*>(event)->reason());
         break;
     }
     default:

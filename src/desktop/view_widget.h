@@ -41,6 +41,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void TakeOverFocus(Qt::FocusReason reason);
+
     ViewSurface& surface_;
     View& view_;
 };

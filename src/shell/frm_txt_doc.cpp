@@ -35,6 +35,7 @@ void FrmTxtDoc::LoadChooserMode()
     CmdOk.Top(700);
     CmdCancel.Left(2040);
     CmdCancel.Top(700);
+    CmdOk.Default(true);
     Caption(u"Choose Target for Dump No: " + PrintedNumber(Shared().IntChooserDump));
     std::vector<Text> tables = Split(Shared().StrChooserTables, u';');
     if (!tables.empty())

@@ -1,5 +1,7 @@
 #include "desktop/desktop_platform.h"
 
+#include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
@@ -75,19 +77,114 @@ TEST_F(RealDesk, NoteClosedFromItsFrameAsksWhetherToSave)
     EXPECT_FALSE(form.IsOpen());
 }
 
-TEST_F(RealDesk, EscapeInANoteCancelsWithoutAQuestion)
+TEST_F(RealDesk, EscapeInANoteAsksWhetherToSave)
 {
     Shared().BoolTextMode = true;
     Shared().BoolEditShared = true;
     Shared().StrDocText = u"before";
     FrmTxtDoc form(Platform);
-    WhenShown<FormDialog>([](FormDialog& dialog) {
+    WhenShown<FormDialog>([this](FormDialog& dialog) {
         QTest::keyClicks(dialog.focusWidget(), QStringLiteral("x"));
+        WhenShown<QMessageBox>([](QMessageBox& box) {
+            EXPECT_EQ(box.text(), QStringLiteral("Save Changes Done ?"));
+            box.button(QMessageBox::No)->click();
+        });
         QTest::keyClick(dialog.focusWidget(), Qt::Key_Escape);
     });
     Platform.ShowModal(form);
+    EXPECT_FALSE(form.IsOpen());
     EXPECT_EQ(form.TxtDoc.Text(), u"x");
     EXPECT_EQ(Shared().StrDocText, u"before");
+}
+
+TEST_F(RealDesk, EscapeInAnUntouchedNoteAsksNothing)
+{
+    Shared().BoolTextMode = true;
+    Shared().BoolEditShared = true;
+    Shared().StrDocText = u"before";
+    FrmTxtDoc form(Platform);
+    form.TxtDoc.Text(u"before");
+    WhenShown<FormDialog>([](FormDialog& dialog) {
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Escape);
+        EXPECT_FALSE(dialog.isVisible());
+    });
+    Platform.ShowModal(form);
+    EXPECT_EQ(Shared().StrDocText, u"before");
+}
+
+TEST_F(RealDesk, EscapeInTheChooserKeepsTheFirstTable)
+{
+    Shared().BoolTextMode = false;
+    Shared().StrChooserTables = u"abc;def;";
+    Shared().StrChosenTable = u"abc";
+    FrmTxtDoc form(Platform);
+    WhenShown<FormDialog>([](FormDialog& dialog) {
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Down);
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Escape);
+    });
+    Platform.ShowModal(form);
+    EXPECT_FALSE(form.IsOpen());
+    EXPECT_EQ(Shared().StrChosenTable, u"abc");
+}
+
+TEST_F(RealDesk, EnterInTheChooserPressesOk)
+{
+    Shared().BoolTextMode = false;
+    Shared().StrChooserTables = u"abc;def;";
+    Shared().StrChosenTable = u"abc";
+    FrmTxtDoc form(Platform);
+    WhenShown<FormDialog>([](FormDialog& dialog) {
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Down);
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
+    });
+    Platform.ShowModal(form);
+    EXPECT_EQ(Shared().StrChosenTable, u"def");
+}
+
+TEST_F(RealDesk, WindowsAreAsWideAsTheirTitles)
+{
+    const Text title(40, u'W');
+    const auto room = [](QWidget& box) { return box.width() - QFontMetrics(box.font()).horizontalAdvance('W') * 40; };
+    WhenShown<QMessageBox>([&](QMessageBox& box) {
+        EXPECT_GT(room(box), 80);
+        box.close();
+    });
+    Platform.ShowMessage({.Text = u"x", .Title = title});
+    WhenShown<QInputDialog>([&](QInputDialog& box) {
+        EXPECT_GT(room(box), 80);
+        box.reject();
+    });
+    Platform.AskForText(u"x", title);
+    Shared().BoolTextMode = false;
+    FrmTxtDoc form(Platform);
+    form.Caption(title);
+    WhenShown<FormDialog>([&](FormDialog& dialog) {
+        EXPECT_GT(room(dialog), 80);
+        dialog.reject();
+    });
+    Platform.ShowModal(form);
+}
+
+TEST_F(RealDesk, BoxWithoutATitleOfItsOwnTakesTheDefault)
+{
+    Platform.DefaultTitle = QStringLiteral("Designer");
+    WhenShown<QMessageBox>([](QMessageBox& box) {
+        EXPECT_EQ(box.windowTitle(), QStringLiteral("Designer"));
+        box.close();
+    });
+    Platform.ShowMessage({.Text = u"x"});
+}
+
+TEST_F(RealDesk, PromptIsPlainText)
+{
+    WhenShown<QInputDialog>([](QInputDialog& box) {
+        const QLabel& prompt = *box.findChild<QLabel*>();
+        EXPECT_EQ(prompt.text(), QStringLiteral("<b>x</b> && y")); // one of them is seen
+        EXPECT_EQ(prompt.textFormat(), Qt::PlainText);
+        QTest::keyClicks(box.focusWidget(), QStringLiteral("7"));
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    EXPECT_EQ(Platform.AskForText(u"<b>x</b> & y", u"t"), Text(u"7"));
 }
 
 TEST_F(RealDesk, TabKeyGoesRoundInAForm)

@@ -51,9 +51,8 @@ void CompareText(const TextBox& box, QAccessibleInterface& reader, Findings& fin
     held.replace(QChar::LineSeparator, QLatin1Char('\n')).replace(QChar::Nbsp, QLatin1Char(' '));
     // Characters that an editor can't hold may be shown by others; a soft line break counts as a line end.
     for (qsizetype at = 0; at < std::min(shown.size(), held.size()); ++at) {
-        const bool foreign = held[at] == QChar::ParagraphSeparator || held[at] == QChar(0xFDD0) ||
-                             held[at] == QChar(0xFDD1) || held[at] == QLatin1Char('\n');
-        if (foreign)
+        const bool lone = shown[at] == QChar::ReplacementCharacter && held[at].isSurrogate();
+        if (lone || HasPicture(held[at]) || held[at] == QLatin1Char('\n'))
             held[at] = shown[at];
     }
     findings.Compare(QStringLiteral("text"), shown, held);
@@ -145,8 +144,10 @@ void CompareName(const View& view, QAccessibleInterface& reader, Findings& findi
     const QString name = reader.text(QAccessible::Name);
     const auto* captioned = dynamic_cast<const CaptionedView*>(&view);
     const bool named = view.Kind() == ViewKind::Label || view.Kind() == ViewKind::Frame;
+    const bool ofObject = view.Name() == u"LBLTargetTableName" || view.Name() == u"lblTargetTableDescription";
     if (named && captioned != nullptr)
-        findings.Compare(QStringLiteral("name"), name, PlainCaption(captioned->Caption()));
+        findings.Compare(QStringLiteral("name"), name,
+                         ofObject ? ToQt(captioned->Caption()) : PlainCaption(captioned->Caption()));
     else if (name.isEmpty())
         findings.Say(QStringLiteral("has no name for a screen reader"));
 }

@@ -4,6 +4,8 @@
 
 #include <QTextDocumentFragment>
 
+#include "desktop/captions.h"
+
 namespace rulemesh {
 
 namespace {
@@ -58,7 +60,7 @@ QString Seen(const QString& text)
     return Qt::mightBeRichText(text) ? QTextDocumentFragment::fromHtml(text).toPlainText() : text;
 }
 
-QString PlainCaption(TextView caption) { return ToQt(caption).remove(QLatin1Char('&')); }
+QString PlainCaption(TextView caption) { return WithoutAccessKey(caption); }
 
 bool IsSeen(const View& view)
 {

@@ -14,6 +14,7 @@
 #include <QTextBlock>
 #include <QTreeView>
 
+#include "desktop/captions.h"
 #include "views/button.h"
 #include "views/combo_box.h"
 #include "views/grid.h"
@@ -225,7 +226,7 @@ void CompareKind(const View& view, const QWidget& root, const QWidget& widget, F
         As<QTabBar>(widget, findings, [&](const auto& kind) { CompareTabs(*tabs, kind, findings); });
     else if (const auto* frame = dynamic_cast<const Frame*>(&view); frame != nullptr && !frame->Caption().empty())
         As<QGroupBox>(widget, findings, [&](const auto& kind) {
-            findings.Compare(QStringLiteral("caption"), kind.title(), ToQt(frame->Caption()));
+            findings.Compare(QStringLiteral("caption"), kind.title(), WithAccessKey(frame->Caption()));
         });
 }
 
@@ -238,11 +239,18 @@ QString BoxText(TextView text)
     return held.replace(QLatin1Char('\r'), QChar::LineSeparator);
 }
 
+bool HasPicture(QChar character)
+{
+    const bool control = character.category() == QChar::Other_Control && character != QLatin1Char('\n') &&
+                         character != QLatin1Char('\t');
+    return control || character == QChar::LineSeparator || character == QChar::ParagraphSeparator ||
+           character == QChar::ObjectReplacementCharacter || QChar::isNonCharacter(character.unicode());
+}
+
 bool LooksLike(const QString& shown, const QString& held)
 {
     const auto alike = [](QChar one, QChar other) {
-        static const QString foreign = QStringLiteral("\u2028\u2029\ufdd0\ufdd1");
-        return one == other || foreign.contains(other);
+        return one == other || HasPicture(other) || (one == QChar::ReplacementCharacter && other.isSurrogate());
     };
     return std::equal(shown.begin(), shown.end(), held.begin(), held.end(), alike);
 }

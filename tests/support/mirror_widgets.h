@@ -21,6 +21,9 @@ void CompareAccessible(const View& view, const QWidget& root, QWidget& widget, F
 /// carriage return alone.
 [[nodiscard]] QString BoxText(TextView text);
 
+/// Whether a box may show another character in its place.
+[[nodiscard]] bool HasPicture(QChar character);
+
 /// Whether two texts of a box look alike. Characters that an editor can't hold may be shown by others.
 [[nodiscard]] bool LooksLike(const QString& shown, const QString& held);
 
