@@ -23,6 +23,7 @@ std::array<const View*, 4> ScriptBoxes(DesignerViews& views)
 OpenObject::OpenObject(const ObjectText& text, Access access, Origin origin, const Settings& settings, QWidget& parent)
     : lead_(text.Lead), access_(access), widget_(new RulemeshWidget(std::make_unique<ApplicationFiles>(), &parent))
 {
+    widget_->SetBoxTitle(QStringLiteral("Rulemesh"));
     connect(widget_, &RulemeshWidget::FailureRaised, this, [this](int number, const QString& description) {
         failed_ = true;
         emit FailureRaised(number, description);
