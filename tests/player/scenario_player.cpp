@@ -155,8 +155,6 @@ std::size_t PlayAll(const std::vector<std::filesystem::path>& folders, const Arg
     std::size_t next = 0;
     std::vector<Running> running;
     while (next < folders.size() || !running.empty()) {
-        if (arguments.endsAtFirst && failed > 0)
-            next = folders.size();
         while (running.size() < arguments.jobs && next < folders.size())
             running.push_back(Start(folders[next++], arguments.window));
         std::vector<pollfd> ready;
@@ -169,6 +167,8 @@ std::size_t PlayAll(const std::vector<std::filesystem::path>& folders, const Arg
             if (const std::string told = Finish(running[at]); !told.empty()) {
                 ++failed;
                 std::cout << "FAILED " << running[at].folder.string() << "\n    " << told << '\n';
+                if (arguments.endsAtFirst)
+                    next = folders.size();
             }
             running.erase(running.begin() + static_cast<std::ptrdiff_t>(at));
         }
@@ -220,7 +220,8 @@ int Run(const Arguments& arguments)
         for (std::filesystem::path& scenario : FindScenarios(folder))
             scenarios.push_back(std::move(scenario));
     const std::size_t failed = PlayAll(scenarios, arguments);
-    std::cout << scenarios.size() - failed << " scenarios passed, " << failed << " failed\n";
+    if (failed == 0 || !arguments.endsAtFirst)
+        std::cout << scenarios.size() - failed << " scenarios passed, " << failed << " failed\n";
     // In the form that the other test programs leave behind.
     if (!arguments.results.empty())
         std::ofstream(arguments.results) << "<testsuites tests=\"" << scenarios.size() << "\" failures=\"" << failed
