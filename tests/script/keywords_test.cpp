@@ -158,6 +158,16 @@ TEST(GetDumpComment, DropsCharactersOutside32To126AndReadsOn)
     EXPECT_EQ(GetDumpComment(u" 3 |\ta\tb\u007F~\u00E4\u20ACc"), u"|ab~c");
 }
 
+TEST(GetDumpComment, HoldsTheCharactersFrom32To126Alone)
+{
+    for (char16_t character = 1; character < 0xFFFF; ++character) {
+        const bool endsLine = character == u'\n' || character == u'\r';
+        const Text StrHeld = character >= 32 && character <= 126 ? Text(1, character) : Text();
+        ASSERT_EQ(GetDumpComment(Text(u" 3 |") + character + u"b"), endsLine ? u"|" : u"|" + StrHeld + u"b")
+            << static_cast<int>(character);
+    }
+}
+
 TEST(GetDumpComment, EndsAtThe249thCharacter)
 {
     const Text text = u" 3 |" + Text(300, u'x');

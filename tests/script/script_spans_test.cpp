@@ -62,6 +62,15 @@ TEST(ScriptSpans, LeaveOutStatementsThatNameNothing)
                 ElementsAre(u"Ddump", u"D999"));
 }
 
+TEST(ScriptSpans, AWordEndsAtFourCharactersAlone)
+{
+    for (char16_t character = 1; character < 0xFFFF; ++character) {
+        const bool isWhite = character == u'\n' || character == u'\r' || character == u'\t' || character == u' ';
+        const std::vector<Text> spans = Spans(Text(u"dump 5") + character + u"b", {.Dump = true});
+        ASSERT_EQ(!spans.empty() && spans.front() == u"Ddump", isWhite) << static_cast<int>(character);
+    }
+}
+
 TEST(ScriptSpans, HoldNoMigrateOfAScriptBeyond32767Characters)
 {
     const Text StrStatement = u"migrate abcde123 ";
