@@ -68,15 +68,21 @@ void AttributeList::Set(NameId name, std::string value)
 
 void AttributeList::Add(Attribute attribute)
 {
-    attributes_.push_back(std::move(attribute));
-    if (attributes_.size() <= FewAttributes)
-        return;
-    if (places_.empty()) {
-        for (std::size_t place = 0; place < attributes_.size(); ++place)
-            places_.emplace(attributes_[place].name, place);
-    } else {
-        places_.emplace(attributes_.back().name, attributes_.size() - 1);
-    }
+    if (attributes_.size() == attributes_.capacity())
+        attributes_.reserve(2 * attributes_.size() + 1);
+    if (attributes_.size() == FewAttributes)
+        places_ = Places(); // the way to a place begins with the first that is more than few
+    if (attributes_.size() >= FewAttributes)
+        places_.emplace(attribute.name, attributes_.size());
+    attributes_.push_back(std::move(attribute)); // into the room that is there
+}
+
+std::unordered_map<NameId, std::size_t> AttributeList::Places() const
+{
+    std::unordered_map<NameId, std::size_t> places;
+    for (std::size_t place = 0; place < attributes_.size(); ++place)
+        places.emplace(attributes_[place].name, place);
+    return places;
 }
 
 } // namespace rulemesh::xml

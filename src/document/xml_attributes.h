@@ -52,7 +52,10 @@ public:
     /// Nothing when there is none of that name.
     [[nodiscard]] const Attribute* Find(NameId name) const noexcept;
 
+    /// Fills a new list; one whose filling has failed is of no use.
     void Load(std::string_view text, std::size_t start, NameTable& names);
+
+    /// Changes nothing when it fails.
     void Set(NameId name, std::string value);
 
     [[nodiscard]] const std::vector<Attribute>& All() const noexcept { return attributes_; }
@@ -64,6 +67,7 @@ private:
     static constexpr std::size_t FewAttributes = 16;
 
     void Add(Attribute attribute);
+    [[nodiscard]] std::unordered_map<NameId, std::size_t> Places() const;
 
     std::vector<Attribute> attributes_;
     std::unordered_map<NameId, std::size_t> places_; // only when there are more than FewAttributes

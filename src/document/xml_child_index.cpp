@@ -1,6 +1,7 @@
 #include "document/xml_child_index.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "document/xml_store.h"
 
@@ -95,23 +96,25 @@ ChildIndex::Keyed& ChildIndex::KeyedBy(NameId name, NameId key)
         if (keyed.name == name && keyed.key == key)
             return keyed;
     }
-    Keyed& keyed = keyed_.emplace_back(Keyed{name, key, {}});
+    Keyed keyed{name, key, {}};
     for (NodeIndex child = store_.At(parent_).first; child != NoNode; child = store_.At(child).next) {
         if (store_.At(child).name != name)
             continue;
         if (const auto value = store_.Attribute(child, key))
             Add(keyed.values[*value], child);
     }
-    return keyed;
+    return keyed_.emplace_back(std::move(keyed));
 }
 
 void ChildIndex::AddNames()
 {
     if (hasNames_)
         return;
-    hasNames_ = true;
+    std::unordered_map<NameId, Entries> names;
     for (NodeIndex child = store_.At(parent_).first; child != NoNode; child = store_.At(child).next)
-        Add(names_[store_.At(child).name], child);
+        Add(names[store_.At(child).name], child);
+    names_ = std::move(names);
+    hasNames_ = true;
 }
 
 void ChildIndex::Add(Entries& entries, NodeIndex child)

@@ -18,6 +18,9 @@ using NodeIndex = std::uint32_t;
 /// document order. Each part is made when it is first asked for. What is added later is told to the index; what was
 /// removed, moved or given another value is not: an entry is checked against the document before it is believed, and
 /// dropped when it isn't true any more.
+///
+/// A look-up that fails for want of memory leaves no part half made; an index that could not take in what it was told
+/// is of no use any more.
 class ChildIndex {
 public:
     ChildIndex(Store& store, NodeIndex parent) noexcept : store_(store), parent_(parent) {}

@@ -25,15 +25,14 @@ bool XmlDocument::loadXML(TextView text)
 
 bool XmlDocument::loadXML(std::string utf8) { return Load(std::move(utf8)); }
 
-// The old document goes first, so that two large ones never stand side by side.
+// The old document stands until the new one is whole, so a load that runs out of memory has changed nothing. What it
+// costs is the old document's memory on top of the new text's while the load lasts.
 bool XmlDocument::Load(std::string utf8)
 {
-    store_ = nullptr;
-    store_ = std::make_unique<xml::Store>();
-    if (store_->Load(std::move(utf8)))
-        return true;
-    store_ = std::make_unique<xml::Store>();
-    return false;
+    auto loading = std::make_unique<xml::Store>();
+    const bool loaded = loading->Load(std::move(utf8));
+    store_ = loaded ? std::move(loading) : std::make_unique<xml::Store>();
+    return loaded;
 }
 
 Text XmlDocument::xml() const

@@ -92,8 +92,8 @@ private:
     [[nodiscard]] xml::Store& StoreOf() const;
     [[nodiscard]] xml::Store& ElementStore() const;
 
-    /// Makes sure that an element can become a child here, and takes it out of where it stands.
-    void TakeOver(XmlNode child) const;
+    /// Makes sure that an element of this document can become a child here.
+    void RequireOwnElement(XmlNode child) const;
 
     const XmlDocument* document_ = nullptr;
     std::uint32_t index_ = 0;
@@ -103,6 +103,9 @@ private:
 ///
 /// A path is "/" followed by element names joined by "/". A step that is empty or holds one of `( ) [ ] ' " @ = , | *`
 /// makes it malformed. Names and key values compare exactly.
+///
+/// Every member, of the document and of its nodes, may raise std::bad_alloc; the document is then as it was before the
+/// call.
 class XmlDocument {
 public:
     XmlDocument();

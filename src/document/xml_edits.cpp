@@ -1,6 +1,7 @@
+#include <new>
 #include <utility>
 
-#include "document/xml_store.h"
+#include "document/xml_making.h"
 
 // The edits of the store. Each marks the node and what holds it, so that everything else goes on being copied from the
 // loaded text.
@@ -9,8 +10,9 @@ namespace rulemesh::xml {
 
 NodeIndex Store::Create(std::string_view name)
 {
+    const NameId id = names_.AddCopy(name);
     const NodeIndex node = NewNode();
-    NodeAt(node).name = names_.AddCopy(name);
+    NodeAt(node).name = id;
     NodeAt(node).hasChildNodes = true;
     NodeAt(node).isEdited = true;
     return node;
@@ -19,26 +21,27 @@ NodeIndex Store::Create(std::string_view name)
 void Store::Append(NodeIndex parent, NodeIndex child)
 {
     static_cast<void>(FirstChild(parent)); // those of the text come first
+    MakeRoomForRemovals(At(child).parent, 1);
+    TakeOut(child);
     NodeAt(child).slot = nextSlot_++;
     LinkLast(parent, child);
     MarkEdited(parent);
-    IndexAdded(parent, child);
+    TellIndex(parent, [&](ChildIndex& index) { index.ChildAdded(child); });
 }
 
 void Store::Remove(NodeIndex child)
 {
-    const NodeIndex parent = At(child).parent;
-    if (At(child).isInPlace)
-        MakeDetails(parent).removed.push_back(At(child).loaded);
-    Unlink(child);
-    MarkEdited(parent);
+    MakeRoomForRemovals(At(child).parent, 1);
+    TakeOut(child);
 }
 
 void Store::Replace(NodeIndex newChild, NodeIndex oldChild)
 {
+    MakeRoomForRemovals(At(oldChild).parent, 2); // the new one may stand there too
+    MakeRoomForRemovals(At(newChild).parent, 2);
+    TakeOut(newChild);
+    NoteRemoval(oldChild);
     const Node old = At(oldChild);
-    if (old.isInPlace)
-        MakeDetails(old.parent).removed.push_back(old.loaded);
     Node& node = NodeAt(newChild);
     node.slot = old.slot;
     node.parent = old.parent;
@@ -50,7 +53,34 @@ void Store::Replace(NodeIndex newChild, NodeIndex oldChild)
     gone.parent = gone.previous = gone.next = NoNode;
     gone.isInPlace = false;
     MarkEdited(old.parent);
-    IndexAdded(old.parent, newChild);
+    TellIndex(old.parent, [&](ChildIndex& index) { index.ChildAdded(newChild); });
+}
+
+// Afterwards that many children can be taken out without asking for memory.
+void Store::MakeRoomForRemovals(NodeIndex parent, std::size_t count)
+{
+    if (parent == NoNode)
+        return;
+    std::vector<Slice>& removed = MakeDetails(parent).removed;
+    if (removed.capacity() - removed.size() < count)
+        removed.reserve(2 * removed.size() + count);
+}
+
+// Out of where it stands, if it stands anywhere.
+void Store::TakeOut(NodeIndex child) noexcept
+{
+    const NodeIndex parent = At(child).parent;
+    if (parent == NoNode)
+        return;
+    NoteRemoval(child);
+    Unlink(child);
+    MarkEdited(parent);
+}
+
+void Store::NoteRemoval(NodeIndex child) noexcept
+{
+    if (At(child).isInPlace)
+        details_[At(At(child).parent).details]->removed.push_back(At(child).loaded);
 }
 
 void Store::WriteText(NodeIndex node, std::string text, CarriageReturns returns)
@@ -63,13 +93,13 @@ void Store::Empty(NodeIndex node) { ReplaceContent(node, Content::Rewritten, {},
 
 void Store::ReplaceContent(NodeIndex node, Content content, std::string text, CarriageReturns returns)
 {
-    DetachChildren(node);
     Details& details = MakeDetails(node);
+    DetachChildren(node);
     details.content = content;
     details.written = std::move(text);
     details.returns = returns;
     details.removed.clear();
-    details.index.reset();
+    details.index = nullptr;
     MarkEdited(node);
 }
 
@@ -89,17 +119,18 @@ bool Store::HasLoadedContent(NodeIndex node) const noexcept
 void Store::SetAttribute(NodeIndex node, std::string_view name, std::string value)
 {
     const NameId id = names_.AddCopy(name);
+    AttributeList& attributes = MakeAttributes(node);
+    // The index asks the document before it believes an entry, so it may hear of a value that is not there yet.
+    TellIndex(At(node).parent, [&](ChildIndex& index) { index.ValueChanged(node, id, value); });
+    attributes.Set(id, std::move(value));
     MarkEdited(node);
-    const NodeIndex parent = At(node).parent;
-    if (const Details* const holder = DetailsOf(parent); holder != nullptr && holder->index)
-        holder->index->ValueChanged(node, id, value);
-    MakeAttributes(node).Set(id, std::move(value));
 }
 
 // Walks the tree by its links, as a deep one would not fit on the call stack. What was not edited is copied with all
 // below it by copying its place in the text.
 NodeIndex Store::Clone(NodeIndex node)
 {
+    Making making(*this, NoNode);
     const NodeIndex top = CloneAlone(node);
     NodeIndex from = node;
     NodeIndex to = top;
@@ -111,8 +142,10 @@ NodeIndex Store::Clone(NodeIndex node)
                 from = At(from).parent;
                 to = At(to).parent;
             }
-            if (from == node)
+            if (from == node) {
+                making.Done();
                 return top;
+            }
             from = At(from).next;
             to = At(to).parent;
         }
@@ -191,10 +224,17 @@ void Store::MarkEdited(NodeIndex node) noexcept
         NodeAt(node).isEdited = true;
 }
 
-void Store::IndexAdded(NodeIndex parent, NodeIndex child)
+// An index that lacks the memory to take it in is dropped; the next look-up makes it anew.
+template <typename Tell> void Store::TellIndex(NodeIndex parent, Tell tell) noexcept
 {
-    if (const Details* const holder = DetailsOf(parent); holder != nullptr && holder->index)
-        holder->index->ChildAdded(child);
+    Details* const holder = details_[At(parent).details].get();
+    if (holder == nullptr || !holder->index)
+        return;
+    try {
+        tell(*holder->index);
+    } catch (const std::bad_alloc&) {
+        holder->index = nullptr;
+    }
 }
 
 } // namespace rulemesh::xml

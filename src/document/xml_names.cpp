@@ -22,7 +22,10 @@ NameId NameTable::Add(std::string_view name)
 NameId NameTable::AddCopy(std::string_view name)
 {
     const NameId known = Find(name);
-    return known != NoName ? known : Add(copies_.emplace_back(name));
+    if (known != NoName)
+        return known;
+    copies_.emplace_back(name); // where it stays when Add fails, as nobody's name
+    return Add(copies_.back());
 }
 
 NameId NameTable::Find(std::string_view name) const noexcept { return table_[Place(name)]; }
@@ -39,7 +42,7 @@ std::size_t NameTable::Place(std::string_view name) const noexcept
 
 void NameTable::Grow()
 {
-    table_.assign(2 * table_.size(), NoName);
+    std::vector<NameId>(2 * table_.size(), NoName).swap(table_);
     for (NameId name = 1; name < names_.size(); ++name)
         table_[Place(names_[name])] = name;
 }

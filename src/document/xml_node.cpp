@@ -111,7 +111,7 @@ XmlNode XmlNode::selectSingleNode(TextView path) const
 
 XmlNode XmlNode::appendChild(XmlNode child) const
 {
-    TakeOver(child);
+    RequireOwnElement(child);
     ElementStore().Append(index_, child.index_);
     return child;
 }
@@ -134,7 +134,7 @@ void XmlNode::replaceChild(XmlNode newChild, XmlNode oldChild) const
         throw Failure(FailureCode::InvalidProcedureCall);
     if (newChild == oldChild)
         return;
-    TakeOver(newChild);
+    RequireOwnElement(newChild);
     store.Replace(newChild.index_, oldChild.index_);
 }
 
@@ -143,14 +143,12 @@ void XmlNode::removeChildren() const { ElementStore().Empty(index_); }
 XmlNode XmlNode::cloneNode() const { return {document_, ElementStore().Clone(index_)}; }
 
 // An element that stands elsewhere is moved; the root, and what holds this node, can't be.
-void XmlNode::TakeOver(XmlNode child) const
+void XmlNode::RequireOwnElement(XmlNode child) const
 {
     Store& store = ElementStore();
     static_cast<void>(child.ElementStore());
     if (child.document_ != document_ || child.index_ == store.Root() || Holds(store, child.index_, index_))
         throw Failure(FailureCode::InvalidProcedureCall);
-    if (store.At(child.index_).parent != NoNode)
-        store.Remove(child.index_);
 }
 
 } // namespace rulemesh

@@ -7,6 +7,7 @@
 
 #include "document/xml_decode.h"
 #include "document/xml_large_elements.h"
+#include "document/xml_making.h"
 #include "document/xml_scan.h"
 
 namespace rulemesh::xml {
@@ -42,7 +43,7 @@ NodeIndex Store::NewNode()
 {
     if (nodeCount_ == std::numeric_limits<NodeIndex>::max())
         throw std::bad_alloc();
-    if (nodeCount_ % BlockSize == 0)
+    if (nodeCount_ / BlockSize == blocks_.size())
         blocks_.push_back(std::make_unique<Block>());
     return nodeCount_++;
 }
@@ -111,19 +112,21 @@ ChildIndex& Store::IndexOf(NodeIndex parent)
 {
     Details& details = MakeDetails(parent);
     if (details.index && details.index->IsOutgrown())
-        details.index.reset();
+        details.index = nullptr;
     if (!details.index)
         details.index = std::make_unique<ChildIndex>(*this, parent);
     return *details.index;
 }
 
-// Gives the children their nodes. The text is known to be well-formed, so that only the tags need a look, and of the
-// larger elements not even these.
+// Gives the children their nodes: all of them, or none when it fails. The text is known to be well-formed, so that only
+// the tags need a look, and of the larger elements not even these.
 void Store::FindChildren(NodeIndex parent)
 {
-    NodeAt(parent).hasChildNodes = true;
-    if (At(parent).loaded.end == 0)
+    if (At(parent).loaded.end == 0) {
+        NodeAt(parent).hasChildNodes = true;
         return;
+    }
+    Making making(*this, parent);
     const Slice content = PartsOf(parent).content;
     LargeElements large(outline_.large, content.start);
     std::size_t depth = 0;
@@ -150,15 +153,18 @@ void Store::FindChildren(NodeIndex parent)
         }
         at = text_.find('<', at);
     }
+    NodeAt(parent).hasChildNodes = true;
+    making.Done();
 }
 
 void Store::AddLoadedChild(NodeIndex parent, Slice slice)
 {
+    const NameId name = names_.Add(ElementName(text_, slice.start));
     const NodeIndex child = NewNode();
     Node& node = NodeAt(child);
     node.loaded = slice;
     node.slot = slice.start;
-    node.name = names_.Add(ElementName(text_, slice.start));
+    node.name = name;
     node.isInPlace = true;
     LinkLast(parent, child);
 }
@@ -200,9 +206,10 @@ AttributeList& Store::MakeAttributes(NodeIndex node)
 {
     Details& details = MakeDetails(node);
     if (!details.attributes) {
-        details.attributes = std::make_unique<AttributeList>();
+        auto attributes = std::make_unique<AttributeList>();
         if (At(node).loaded.end != 0)
-            details.attributes->Load(text_, At(node).loaded.start, names_);
+            attributes->Load(text_, At(node).loaded.start, names_);
+        details.attributes = std::move(attributes);
     }
     return *details.attributes;
 }

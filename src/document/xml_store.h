@@ -72,7 +72,9 @@ struct Parts {
     bool isEmptyTag = false; // <X/>
 };
 
-/// The nodes of a document over its text. The members raise nothing: XmlDocument has checked what it hands down.
+/// The nodes of a document over its text. XmlDocument has checked what it hands down, so nothing goes wrong here but
+/// for want of memory. What fails then (std::bad_alloc) has done nothing: an edit leaves the document as it was, and a
+/// look-up leaves no nodes, attributes or index behind that are half made.
 class Store {
 public:
     Store();
@@ -80,7 +82,8 @@ public:
     Store(const Store&) = delete;
     Store& operator=(const Store&) = delete;
 
-    /// Takes over a text in UTF-8; a store loads once. False when the text is not well-formed.
+    /// Takes over a text in UTF-8; a store loads once, and is of no use after a failure. False when the text is not
+    /// well-formed.
     [[nodiscard]] bool Load(std::string text);
 
     [[nodiscard]] std::string_view Loaded() const noexcept { return text_; }
@@ -104,7 +107,7 @@ public:
     [[nodiscard]] NodeIndex Create(std::string_view name);
     [[nodiscard]] NodeIndex Clone(NodeIndex node);
 
-    /// Puts a child without parent behind the others.
+    /// Puts a child behind the others. One that stands elsewhere is taken out of there, here and in Replace.
     void Append(NodeIndex parent, NodeIndex child);
     void Remove(NodeIndex child);
     void Replace(NodeIndex newChild, NodeIndex oldChild);
@@ -134,6 +137,8 @@ private:
     using Block = std::array<Node, BlockSize>;
 
     [[nodiscard]] Node& NodeAt(NodeIndex node) noexcept { return (*blocks_[node / BlockSize])[node % BlockSize]; }
+    class Making;
+
     [[nodiscard]] NodeIndex NewNode();
     [[nodiscard]] Details& MakeDetails(NodeIndex node);
     [[nodiscard]] AttributeList& MakeAttributes(NodeIndex node);
@@ -142,11 +147,14 @@ private:
 
     void FindChildren(NodeIndex parent);
     void AddLoadedChild(NodeIndex parent, Slice slice);
+    void MakeRoomForRemovals(NodeIndex parent, std::size_t count);
+    void TakeOut(NodeIndex child) noexcept;
+    void NoteRemoval(NodeIndex child) noexcept;
     void LinkLast(NodeIndex parent, NodeIndex child) noexcept;
     void Unlink(NodeIndex child) noexcept;
     void DetachChildren(NodeIndex parent) noexcept;
     void MarkEdited(NodeIndex node) noexcept;
-    void IndexAdded(NodeIndex parent, NodeIndex child);
+    template <typename Tell> void TellIndex(NodeIndex parent, Tell tell) noexcept;
     void ReplaceContent(NodeIndex node, Content content, std::string text, CarriageReturns returns);
     [[nodiscard]] bool HasLoadedContent(NodeIndex node) const noexcept;
 
