@@ -185,14 +185,14 @@ void Writer::Attributes(const AttributeList& attributes)
         Attribute(attribute);
 }
 
-// The white space before a loaded attribute stays.
+// The white space before a loaded attribute stays, and its form where it holds exactly what it held: unlike a text, a
+// value whose line ends were written anew is another value.
 void Writer::Attribute(const AttributeList::Attribute& attribute)
 {
     const bool isLoaded = attribute.whole.end != 0;
     const std::string_view loaded = store_.Loaded();
-    if (!attribute.written ||
-        (isLoaded && FoldLineEnds(*attribute.written) == FoldLineEnds(AttributeValue(loaded.substr(
-                                                             attribute.value.start, attribute.value.Length()))))) {
+    const std::string_view value = loaded.substr(attribute.value.start, attribute.value.Length());
+    if (!attribute.written || (isLoaded && *attribute.written == AttributeValue(value))) {
         Loaded(attribute.whole);
         return;
     }

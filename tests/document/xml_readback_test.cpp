@@ -84,7 +84,6 @@ TEST_F(XmlReadBack, CountsLineEndsAsXmlCountsThem)
     EXPECT_EQ(WithText("<a>1&#13;&#10;2</a>", u"1\r\n2"), "<a>1&#13;&#10;2</a>");
     EXPECT_EQ(WithText("<a>1\n2</a>", u"1\r2"), "<a>1\n2</a>");
     EXPECT_EQ(WithText("<a>1\n2</a>", u"1\r\r\n2"), "<a>1&#13;\n2</a>");
-    EXPECT_EQ(WithValue("<a k='1&#10;2'/>", u"1\r\n2"), "<a k='1&#10;2'/>");
     EXPECT_EQ(WithValue("<a k='1\n2'/>", u"1\r\n2"), "<a k=\"1&#13;&#10;2\"/>");
 }
 
@@ -172,6 +171,14 @@ TEST_F(XmlReadBack, GivesTheAttributeThatCameWhenTheValueReadsTheSame)
 {
     EXPECT_EQ(WithValue("<a k = '&#65;\n&quot;'/>", u"A \""), "<a k = '&#65;\n&quot;'/>");
     EXPECT_EQ(WithValue("<a k='A'/>", u"A "), "<a k=\"A \"/>");
+}
+
+TEST_F(XmlReadBack, WritesAValueThatDiffersInItsLineEndsAlone)
+{
+    EXPECT_EQ(WithValue("<a k='1&#10;2'/>", u"1\r\n2"), "<a k=\"1&#13;&#10;2\"/>");
+    EXPECT_EQ(WithValue("<a k='1&#13;&#10;2'/>", u"1\n2"), "<a k=\"1&#10;2\"/>");
+    EXPECT_EQ(WithValue("<a k='1&#13;2'/>", u"1\n2"), "<a k=\"1&#10;2\"/>");
+    EXPECT_EQ(WithValue("<a k='1&#xD;&#xA;2'/>", u"1\r\n2"), "<a k='1&#xD;&#xA;2'/>");
 }
 
 TEST_F(XmlReadBack, LeavesTheSpaceAroundARemovedChild)

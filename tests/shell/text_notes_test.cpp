@@ -47,6 +47,14 @@ TEST_F(TextNotesTest, EntitiesAndLineEndsAreDecodedAlsoByCancel)
     EXPECT_THAT(Document(), HasSubstr(R"(<PREC TEXT="a &lt; b&#13;&#10;c">)"));
 }
 
+TEST_F(TextNotesTest, ANoteOfPlainLineFeedsComesBackWithCarriageReturnsAfterCancel)
+{
+    Open("<tgtab001><PREC TEXT='a&#10;b'>x</PREC></tgtab001>");
+    WhenTheFormComes([](FrmTxtDoc& form) { form.CmdCancel.UserClicks(); });
+    views_.CmdPreDoc.UserClicks();
+    EXPECT_THAT(Document(), HasSubstr("<PREC TEXT=\"a&#13;&#10;b\">x</PREC>"));
+}
+
 TEST_F(TextNotesTest, TheQuerysNoteIsNamedByTheTargetTable)
 {
     Open();
