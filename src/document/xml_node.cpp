@@ -106,7 +106,8 @@ std::vector<XmlNode> XmlNode::childNodes() const
 
 XmlNode XmlNode::selectSingleNode(TextView path) const
 {
-    return {document_, xml::SelectFirst(StoreOf(), index_, xml::ParsePath(path))};
+    Store& store = StoreOf(); // the null handle fails before a malformed path does
+    return {document_, xml::SelectFirst(store, index_, xml::ParsePath(path))};
 }
 
 XmlNode XmlNode::appendChild(XmlNode child) const

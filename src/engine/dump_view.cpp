@@ -88,8 +88,11 @@ void DumpView::LoadDumpRules(std::int16_t IntDump)
         views_.CmbDump.Tag(TwoDigitNumber(IntDump));
         return;
     }
-    for (XmlNode field = table.firstChild(); field; field = field.nextSibling())
-        grid.TextMatrix(DumpRecords::RowOf(field), 1, document_.GetRuleText(IntDump, field.baseName()));
+    for (XmlNode field = table.firstChild(); field; field = field.nextSibling()) {
+        const std::int16_t row = DumpRecords::RowOf(field); // a faulty number fails before the read of the rule makes a dump
+        const Text StrRule = document_.GetRuleText(IntDump, field.baseName());
+        grid.TextMatrix(row, 1, StrRule);
+    }
     grid.TopRow(0);
     if (!views_.CmbDump.HasSelection())
         views_.CmbDump.ListIndex(0);

@@ -1,6 +1,7 @@
 #include <limits>
 
 #include "base/failure.h"
+#include "base/numbers.h"
 #include "document/field_catalogue.h"
 #include "document/names.h"
 #include "engine/mapping.h"
@@ -12,7 +13,7 @@ bool IsBlankRule(TextView StrRule) { return TrimBlanks(StrRule).find_first_not_o
 
 void RuleMapping::SetRuleIfEmpty(TextView StrField, const Text& StrRule)
 {
-    const int row = store_.GetFieldNumber(StrField) - 1;
+    const std::int16_t row = ToInt16(std::int64_t{store_.GetFieldNumber(StrField)} - 1);
     if (row >= 0 && IsBlankRule(views_.RulesGrid.TextMatrix(row, 1)))
         views_.RulesGrid.TextMatrix(row, 1, StrRule);
 }

@@ -117,7 +117,9 @@ void PreConditions::txtPreCondition_KeyDown(std::int16_t& KeyCode, std::int16_t 
 
 void PreConditions::CmdBuildPre_Click()
 {
-    events_.ShowConditionBuilderPopUp(document_.GetPreconditionText(), document_.GetSourceTablesText());
+    const Text StrPreCondition = document_.GetPreconditionText();
+    const Text StrSourceTables = document_.GetSourceTablesText();
+    events_.ShowConditionBuilderPopUp(StrPreCondition, StrSourceTables);
 }
 
 } // namespace rulemesh

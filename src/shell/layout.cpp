@@ -1,5 +1,8 @@
 #include "shell/layout.h"
 
+#include <cstdint>
+#include <limits>
+
 #include "base/failure.h"
 
 namespace rulemesh {
@@ -16,14 +19,21 @@ template <typename Statement> void Step(Statement statement)
     }
 }
 
-void StepWidth(View& view, int width)
+// Lengths are worked out in 64 bits, so that what lies below 32 bits is refused like any other negative length.
+int Length(std::int64_t length)
 {
-    Step([&] { view.Width(width); });
+    constexpr std::int64_t Least = std::numeric_limits<int>::min();
+    return static_cast<int>(length < Least ? Least : length);
 }
 
-void StepHeight(View& view, int height)
+void StepWidth(View& view, std::int64_t width)
 {
-    Step([&] { view.Height(height); });
+    Step([&] { view.Width(Length(width)); });
+}
+
+void StepHeight(View& view, std::int64_t height)
+{
+    Step([&] { view.Height(Length(height)); });
 }
 
 // Half of a length in whole twips, a half of a twip to the even one.
@@ -46,8 +56,8 @@ void Layout::Resize(int width, int height)
 void Layout::UserControl_Resize()
 {
     views_.MainTab.Left(0);
-    StepWidth(views_.MainTab, width_ - 10);
-    StepHeight(views_.MainTab, height_ - 10);
+    StepWidth(views_.MainTab, std::int64_t{width_} - 10);
+    StepHeight(views_.MainTab, std::int64_t{height_} - 10);
     if (views_.MainTab.Tab() == 0)
         LayOutConditionTab();
     else

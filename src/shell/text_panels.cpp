@@ -103,8 +103,9 @@ void TextPanels::CmdFuncBuild_Click()
 {
     if (views_.CmbDump.Text().empty())
         return;
-    events_.ShowFunctionBuilderPopUp(views_.RulesGrid.TextMatrix(views_.RulesGrid.Row(), 1),
-                                     document_.GetSourceTablesText());
+    const Text StrRule = views_.RulesGrid.TextMatrix(views_.RulesGrid.Row(), 1);
+    const Text StrSourceTables = document_.GetSourceTablesText();
+    events_.ShowFunctionBuilderPopUp(StrRule, StrSourceTables);
 }
 
 } // namespace rulemesh

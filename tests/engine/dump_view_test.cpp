@@ -52,6 +52,26 @@ TEST_F(DumpViewTest, AFieldWithoutANumberFailsTheLoad)
     EXPECT_EQ(FailureOf([&] { Show(0); }), FailureCode::TypeMismatch);
 }
 
+TEST_F(DumpViewTest, AFaultyNumberFailsTheLoadBeforeADumpIsMade)
+{
+    const std::string below = R"(<TARTAB><TGTAB001><A No="x"/></TGTAB001></TARTAB>)";
+    Load(below);
+    NameDumps({{4, u""}});
+    views_.RulesGrid.AddItem({u"tgtab001.a", u" "});
+    views_.CmbDump.Tag(u"4");
+    EXPECT_EQ(FailureOf([&] { dumpView_.LoadDumpRules(4); }), FailureCode::TypeMismatch);
+    EXPECT_EQ(Below(), below);
+}
+
+TEST_F(DumpViewTest, ARowBelowSixteenBitsIsAnOverflow)
+{
+    Load(R"(<TARTAB><TGTAB001><A No="-32768"/></TGTAB001></TARTAB><DUMP No="1"/>)");
+    NameDumps({{1, u""}});
+    views_.CmbDump.Tag(u"1");
+    EXPECT_EQ(FailureOf([&] { dumpView_.LoadDumpRules(1); }), FailureCode::Overflow);
+    EXPECT_EQ(FailureOf([&] { dumpView_.SaveDumpRules(u"1"); }), FailureCode::Overflow);
+}
+
 TEST_F(DumpViewTest, ARuleIsShownAsItIsStored)
 {
     LoadWith("<DUMP No=\"1\"><ITEM>a &amp;lt; b\nc</ITEM></DUMP>");

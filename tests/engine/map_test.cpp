@@ -68,6 +68,15 @@ TEST_F(MapTest, AFieldWithoutANumberIsPassedOver)
     EXPECT_THAT(Rules(), ElementsAre(u" ", u" ", u" "));
 }
 
+TEST_F(MapTest, ARowBelowSixteenBitsIsAnOverflow)
+{
+    access_.GetNode(u"/tgtab001/TARTAB/TGTAB001/NOWHERE").setNamedItem(u"No", u"-32768");
+    EXPECT_EQ(FailureOf([&] { mapping_.SetRuleIfEmpty(u"nowhere", u"r"); }), FailureCode::Overflow);
+    access_.GetNode(u"/tgtab001/TARTAB/TGTAB001/NOWHERE").setNamedItem(u"No", u"-32767");
+    EXPECT_EQ(FailureOf([&] { mapping_.SetRuleIfEmpty(u"nowhere", u"r"); }), std::nullopt);
+    EXPECT_THAT(Rules(), ElementsAre(u" ", u" ", u" "));
+}
+
 TEST_F(MapTest, AFieldThatTheTableLacksIsAFailure)
 {
     EXPECT_EQ(FailureOf([&] { mapping_.SetRuleIfEmpty(u"other", u"r"); }), FailureCode::ObjectVariableNotSet);

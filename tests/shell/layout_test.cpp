@@ -2,6 +2,9 @@
 
 #include <tuple>
 
+#include <limits>
+#include <utility>
+
 #include <gmock/gmock.h>
 
 #include "shell/designer_bench.h"
@@ -104,6 +107,19 @@ TEST_F(LayoutTest, ARefusedStepIsSkippedAndTheNextOneDone)
     control_.Resize(5, 5);
     EXPECT_EQ(PlaceOf(views_.MainTab), Place(0, 0, 1990, 290));
     EXPECT_TRUE(views_.FrmCondition.Enabled());
+}
+
+TEST_F(LayoutTest, ASizeBelowThirtyTwoBitsIsRefusedLikeAnyNegativeOne)
+{
+    constexpr int Least = std::numeric_limits<int>::min();
+    control_.Resize(2000, 300);
+    for (const auto& [width, height] : {std::pair(Least, Least), std::pair(Least + 9, Least + 9), std::pair(-1, -1)}) {
+        control_.Resize(width, height);
+        EXPECT_EQ(PlaceOf(views_.MainTab), Place(0, 0, 1990, 290));
+        EXPECT_EQ(views_.FrmCondition.Width(), 1790);
+    }
+    control_.Resize(std::numeric_limits<int>::max(), 300);
+    EXPECT_EQ(views_.MainTab.Width(), std::numeric_limits<int>::max() - 10);
 }
 
 TEST_F(LayoutTest, RulesTabHalvesTheWidthForTheTwoLists)
