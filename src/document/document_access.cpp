@@ -28,6 +28,14 @@ Text DocumentAccess::GetNodeText(const Text& StrPath, TextView StrKeyName, TextV
     return node ? node.text() : Text();
 }
 
+bool DocumentAccess::SetNodeText(const Text& StrPath, TextView StrText, TextView StrKeyName, TextView StrKeyValue) const
+{
+    const XmlNode node = GetNode(StrPath, StrKeyName, StrKeyValue);
+    if (node)
+        node.text(StrText);
+    return static_cast<bool>(node);
+}
+
 void DocumentAccess::RecordError(int IntCode, const Text& StrText, int IntDefaultCode, const Text& StrDefaultText) const
 {
     if (state_.IntErrorCode != 0)
@@ -36,12 +44,13 @@ void DocumentAccess::RecordError(int IntCode, const Text& StrText, int IntDefaul
     state_.StrErrorText = IntCode != 0 ? StrText : StrDefaultText;
 }
 
-void DocumentAccess::SetRootChildText(TextView StrName, TextView StrText) const
+bool DocumentAccess::SetRootChildText(TextView StrName, TextView StrText) const
 {
     XmlNode node = GetNode(RootPath(StrName));
     if (!node)
         node = AppendChild(XmlDocument_, XmlDocument_.firstChild(), StrName);
     node.text(StrText);
+    return true;
 }
 
 XmlNode DocumentAccess::GetDumpNode(std::int16_t IntDump) const

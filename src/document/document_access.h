@@ -23,6 +23,9 @@ public:
     [[nodiscard]] XmlNode GetNode(const Text& StrPath, TextView StrKeyName = {}, TextView StrKeyValue = {}) const;
     [[nodiscard]] Text GetNodeText(const Text& StrPath, TextView StrKeyName = {}, TextView StrKeyValue = {}) const;
 
+    /// Replaces the text of the element that GetNode finds. False, and nothing made, when there is none.
+    bool SetNodeText(const Text& StrPath, TextView StrText, TextView StrKeyName = {}, TextView StrKeyValue = {}) const;
+
     /// Remembers the first failure for the life of the control, the default one when IntCode is 0. Shows nothing.
     void RecordError(int IntCode, const Text& StrText, int IntDefaultCode, const Text& StrDefaultText) const;
 
@@ -35,9 +38,9 @@ public:
         return GetNodeText(RootPath(u"QUERY"), u"ST", StrTable);
     }
 
-    /// Raise ObjectVariableNotSet when the element is missing and can't be made.
-    void SetFunctionsText(TextView StrText) const { SetRootChildText(u"FUNCTIONS", StrText); }
-    void SetVariablesText(TextView StrText) const { SetRootChildText(u"VAR", StrText); }
+    /// Make the element where it is missing; always true. Raise ObjectVariableNotSet when it can't be made.
+    bool SetFunctionsText(TextView StrText) const { return SetRootChildText(u"FUNCTIONS", StrText); }
+    bool SetVariablesText(TextView StrText) const { return SetRootChildText(u"VAR", StrText); }
 
     [[nodiscard]] XmlNode GetDumpNode(std::int16_t IntDump) const;
 
@@ -48,7 +51,7 @@ public:
     [[nodiscard]] Text GetRuleText(std::int16_t IntDump, TextView StrField) const;
 
 private:
-    void SetRootChildText(TextView StrName, TextView StrText) const;
+    bool SetRootChildText(TextView StrName, TextView StrText) const;
 
     XmlDocument& XmlDocument_;
     ControlState& state_;

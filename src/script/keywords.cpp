@@ -1,5 +1,7 @@
 #include "script/keywords.h"
 
+#include <algorithm>
+
 #include "base/failure.h"
 #include "base/numbers.h"
 #include "document/control_state.h"
@@ -22,14 +24,16 @@ constexpr bool IsLineEnd(char16_t character) noexcept { return character == u'\n
 
 } // namespace
 
-TextView NextWord(TextView StrText)
+TextView ReadWord(TextView StrText, std::int32_t& LngPosition)
 {
-    const std::size_t start = StrText.find_first_not_of(White);
-    if (start == TextView::npos)
-        return {};
+    const std::size_t start = std::min(StrText.find_first_not_of(White), StrText.size());
+    const TextView inFront = StrText.substr(0, start);
     const TextView word = StrText.substr(start, StrText.find_first_of(White, start) - start);
+    const auto blanks = static_cast<std::size_t>(std::count(inFront.begin(), inFront.end(), u' '));
+    LngPosition += static_cast<std::int32_t>(start - blanks + std::min(word.size(), WordLimit + 1));
     if (word.size() > WordLimit)
-        throw Failure(FailureCode::Overflow);
+        throw Failure(FailureCode::Overflow, u"The word that begins with \"" + Text(word.substr(0, 20)) +
+                                                 u"\" is longer than 32767 characters");
     return word;
 }
 

@@ -19,12 +19,13 @@ inline constexpr std::int16_t DumpNumberLimit = 1000;
 /// The longest precondition in which migrate statements are found, in characters.
 inline constexpr std::size_t PreconditionLimit = 32767;
 
-/// The longest word that NextWord reads, in characters.
+/// The longest word that ReadWord reads, in characters.
 inline constexpr std::size_t WordLimit = 32767;
 
 /// The first word of the text: it begins behind any white characters, line ends included, and ends at a white
-/// character and nowhere else. Raises Overflow for a word longer than WordLimit.
-[[nodiscard]] TextView NextWord(TextView StrText);
+/// character and nowhere else. LngPosition grows by one for each character of the word and each line end or tab in
+/// front of it; blanks don't count. Raises Overflow for a word longer than WordLimit.
+[[nodiscard]] TextView ReadWord(TextView StrText, std::int32_t& LngPosition);
 
 /// Whether the word at the position stands alone: a white character, or the start of the text, in front of it and a
 /// white character behind it. With nothing but at most one character behind it, the message complains.

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/numbers.h"
+#include "script/reg_e_replace.h"
 
 namespace rulemesh {
 
@@ -44,33 +45,11 @@ void ReconcileDumps(std::vector<std::int16_t>& IntNewNumbers, const std::vector<
         if (IntNewNumbers.front() == 0 || !sameLength)
             AddDummyLine(IntOld, txtMainQuery, platform);
         if (sameLength) {
-            txtMainQuery.Text(RegE_Replace(txtMainQuery.Text(), IntNewNumbers[index], u"dump " + PlainNumber(IntOld)));
+            const Text StrPattern = u" {0,}dump {1,}" + PlainNumber(IntNewNumbers[index]) + u"\\s";
+            txtMainQuery.Text(RegE_Replace(txtMainQuery.Text(), StrPattern, u"dump " + PlainNumber(IntOld), true));
             IntNewNumbers[index] = IntOld; // also when the statement stands in another script
         }
     }
-}
-
-Text RegE_Replace(TextView StrText, std::int16_t IntNumber, TextView StrReplacement)
-{
-    constexpr TextView StrKeyword = u"dump ";
-    const Text StrNumber = PlainNumber(IntNumber);
-    Text StrResult;
-    std::size_t copied = 0;
-    for (std::size_t hit = StrText.find(StrKeyword); hit != TextView::npos; hit = StrText.find(StrKeyword, hit + 1)) {
-        const std::size_t number = std::min(StrText.find_first_not_of(u' ', hit + StrKeyword.size()), StrText.size());
-        const std::size_t behind = number + StrNumber.size();
-        const bool matches = StrText.substr(number, StrNumber.size()) == StrNumber && behind < StrText.size() &&
-                             TextView(u" \t\n\r\f\v").find(StrText[behind]) != TextView::npos;
-        if (!matches)
-            continue;
-        std::size_t start = hit;
-        while (start > copied && StrText[start - 1] == u' ')
-            --start;
-        StrResult.append(StrText, copied, start - copied).append(StrReplacement);
-        copied = behind + 1;
-        hit = behind; // the next hit lies behind the white character
-    }
-    return StrResult.append(StrText, copied);
 }
 
 } // namespace rulemesh

@@ -15,8 +15,4 @@ namespace rulemesh {
 void ReconcileDumps(std::vector<std::int16_t>& IntNewNumbers, const std::vector<std::int16_t>& IntOldNumbers,
                     SyntaxBox& txtMainQuery, Platform& platform);
 
-/// Replaces every statement `dump IntNumber`, written in lower case with at least one blank, together with the blanks
-/// in front of it and the one white character behind it.
-[[nodiscard]] Text RegE_Replace(TextView StrText, std::int16_t IntNumber, TextView StrReplacement);
-
 } // namespace rulemesh

@@ -32,7 +32,8 @@ void ScriptScanner::ScanDumpKeywords(TextView StrText, std::vector<std::int16_t>
         cutBehindHit();
         if (!Ok)
             continue;
-        const TextView word = WordBehind(Rest);
+        std::int32_t scratch = 0;
+        const TextView word = NextWord(Rest, scratch);
         if (!IsNumeric(word))
             continue;
         const std::int16_t IntDump = ToInt16(word);
@@ -41,10 +42,10 @@ void ScriptScanner::ScanDumpKeywords(TextView StrText, std::vector<std::int16_t>
     }
 }
 
-TextView ScriptScanner::WordBehind(TextView StrText)
+TextView ScriptScanner::NextWord(TextView StrText, std::int32_t& LngPosition)
 {
     try {
-        return NextWord(StrText);
+        return ReadWord(StrText, LngPosition);
     } catch (const Failure& failure) {
         document_.RecordError(failure.Number(), failure.Description(), 2002, u"Error Getting the NextWord");
         return {};
@@ -72,16 +73,18 @@ bool ScriptScanner::RegisterDump(std::int16_t IntDump, std::vector<std::int16_t>
     return true;
 }
 
-void ScriptScanner::ParseMigrateKeywords(TextView StrText)
+bool ScriptScanner::ParseMigrateKeywords(TextView StrText)
 {
     if (StrText.empty())
-        return;
+        return false;
     try {
         state_.StrMigrateTables = {u""};
         ReadMigrateTables(StrText);
         FillMigrateList();
+        return true;
     } catch (const Failure& failure) {
         document_.RecordError(failure.Number(), failure.Description(), 2002, u"Error Parsing the Migrate Keyword");
+        return false;
     }
 }
 
@@ -103,7 +106,8 @@ void ScriptScanner::ReadMigrateTables(TextView StrText)
         Rest.remove_prefix(position - 1 + MigrateKeyword.size());
         if (!Ok)
             continue;
-        const TextView word = WordBehind(Rest);
+        std::int32_t scratch = 0;
+        const TextView word = NextWord(TrimBlanks(Rest), scratch);
         if (!word.empty())
             AddMigrateTable(word);
     }

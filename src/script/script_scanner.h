@@ -23,14 +23,15 @@ public:
     void ScanDumpKeywords(TextView StrText, std::vector<std::int16_t>& IntNumbers, std::vector<Text>& StrTexts);
 
     /// Makes StrMigrateTables the tables that the precondition names, and shows them; an empty text changes nothing.
-    /// A precondition of more than 32,767 characters is recorded as an error and names no tables.
-    void ParseMigrateKeywords(TextView StrText);
+    /// True when a text was read to its end. A failure is recorded as an error: a precondition of more than 32,767
+    /// characters, which names no tables.
+    bool ParseMigrateKeywords(TextView StrText);
 
     /// Shows StrMigrateTables in lstMigrateSource, with an empty row behind each.
     void FillMigrateList();
 
-    /// The first word behind a keyword; one that is too long is recorded as an error and reads as "".
-    [[nodiscard]] TextView WordBehind(TextView StrText);
+    /// The first word of the text, as ReadWord reads it; one that is too long is recorded as an error and reads as "".
+    TextView NextWord(TextView StrText, std::int32_t& LngPosition);
 
 private:
     bool AddMigrateTable(TextView StrName);

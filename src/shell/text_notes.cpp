@@ -81,11 +81,21 @@ void TextNotes::SetTextNumber(TextView StrType, std::int32_t LngTextNumber, Text
 {
     const Text StrNumber = PlainNumber(LngTextNumber);
     if (StrType == u"P")
-        SetAttribute(document_.GetNode(document_.RootPath(u"PREC")), u"TEXT", StrNumber);
+        SetPreconditionNumber(StrNumber);
     else if (StrType == u"M" && !TrimBlanks(StrKey1).empty())
-        SetAttribute(document_.GetNode(document_.RootPath(u"QUERY"), u"ST", StrKey1), u"TEXT", StrNumber);
+        SetQueryNumber(StrKey1, StrNumber);
     else if (StrType == u"D" && IsNumeric(StrKey1))
         SetRuleNumber(ToInt16(StrKey1), StrKey2, StrNumber);
+}
+
+void TextNotes::SetPreconditionNumber(const Text& StrNumber)
+{
+    SetAttribute(document_.GetNode(document_.RootPath(u"PREC")), u"TEXT", StrNumber);
+}
+
+void TextNotes::SetQueryNumber(TextView StrTable, const Text& StrNumber)
+{
+    SetAttribute(document_.GetNode(document_.RootPath(u"QUERY"), u"ST", StrTable), u"TEXT", StrNumber);
 }
 
 void TextNotes::SetRuleNumber(std::int16_t IntDump, TextView StrField, const Text& StrNumber)

@@ -23,6 +23,8 @@ public:
 
 private:
     void EditNote(XmlNode element, const Text& StrCaption);
+    void SetPreconditionNumber(const Text& StrNumber);
+    void SetQueryNumber(TextView StrTable, const Text& StrNumber);
     void SetRuleNumber(std::int16_t IntDump, TextView StrField, const Text& StrNumber);
 
     DocumentAccess& document_;

@@ -64,6 +64,35 @@ TEST_F(DocumentAccessTest, GetNodeKeepsTheFirstFailureAlone)
     EXPECT_EQ(state_.StrErrorText, StrFirst);
 }
 
+TEST_F(DocumentAccessTest, SetNodeTextWritesTheNodeThatGetNodeFinds)
+{
+    Load(R"(<tgtab001><QUERY ST="a">1</QUERY><QUERY ST="b">2</QUERY><PREC/></tgtab001>)");
+    EXPECT_TRUE(access_.SetNodeText(u"/tgtab001/QUERY", u"x", u"ST", u"b"));
+    EXPECT_TRUE(access_.SetNodeText(u"/tgtab001/QUERY", u"y"));
+    EXPECT_TRUE(access_.SetNodeText(u"/tgtab001/PREC", u""));
+    EXPECT_EQ(Xml(), R"(<tgtab001><QUERY ST="a">y</QUERY><QUERY ST="b">x</QUERY><PREC/></tgtab001>)");
+}
+
+TEST_F(DocumentAccessTest, SetNodeTextMakesNothing)
+{
+    const std::string xml = R"(<tgtab001><QUERY ST="a">1</QUERY></tgtab001>)";
+    Load(xml);
+    EXPECT_FALSE(access_.SetNodeText(u"/tgtab001/QUERY", u"x", u"ST", u"b"));
+    EXPECT_FALSE(access_.SetNodeText(u"/tgtab001/VAR", u"x"));
+    EXPECT_EQ(state_.IntErrorCode, 0);
+    EXPECT_FALSE(access_.SetNodeText(u"/tgtab001/QUERY", u"x", u"ST", u"it's"));
+    EXPECT_EQ(state_.IntErrorCode, 5);
+    EXPECT_EQ(Xml(), xml);
+}
+
+TEST_F(DocumentAccessTest, SettersTellTrueWhetherTheElementWasThereOrNot)
+{
+    Load("<tgtab001><VAR>v</VAR></tgtab001>");
+    EXPECT_TRUE(access_.SetFunctionsText(u"f"));
+    EXPECT_TRUE(access_.SetVariablesText(u""));
+    EXPECT_EQ(Xml(), "<tgtab001><VAR></VAR><FUNCTIONS>f</FUNCTIONS></tgtab001>");
+}
+
 TEST_F(DocumentAccessTest, RecordErrorPrefersTheFailuresOwnNumber)
 {
     access_.RecordError(7, u"own", 2001, u"default");

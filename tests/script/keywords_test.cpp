@@ -15,7 +15,13 @@ struct WordCase {
     TextView Expected;
 };
 
-TEST(NextWord, IsTheFirstRunOfCharactersThatAreNotWhite)
+TextView WordIn(TextView text)
+{
+    std::int32_t position = 0;
+    return ReadWord(text, position);
+}
+
+TEST(ReadWord, IsTheFirstRunOfCharactersThatAreNotWhite)
 {
     constexpr WordCase cases[] = {
         {u"", u""},
@@ -31,30 +37,42 @@ TEST(NextWord, IsTheFirstRunOfCharactersThatAreNotWhite)
         {u" \n \n \n5", u"5"},
     };
     for (const auto& [given, expected] : cases)
-        EXPECT_EQ(NextWord(given), expected) << testing::PrintToString(given);
+        EXPECT_EQ(WordIn(given), expected) << testing::PrintToString(given);
 }
 
-TEST(NextWord, EndsAtNoBarCommaSemicolonOrBracket)
+TEST(ReadWord, EndsAtNoBarCommaSemicolonOrBracket)
 {
-    EXPECT_EQ(NextWord(u" 5|sales x"), u"5|sales");
-    EXPECT_EQ(NextWord(u"a,b;c(d) e"), u"a,b;c(d)");
+    EXPECT_EQ(WordIn(u" 5|sales x"), u"5|sales");
+    EXPECT_EQ(WordIn(u"a,b;c(d) e"), u"a,b;c(d)");
 }
 
-TEST(NextWord, TakesNoOtherCharacterForWhite) { EXPECT_EQ(NextWord(u"\fa\vb\u00A0c d"), u"\fa\vb\u00A0c"); }
+TEST(ReadWord, TakesNoOtherCharacterForWhite) { EXPECT_EQ(WordIn(u"\fa\vb\u00A0c d"), u"\fa\vb\u00A0c"); }
 
-TEST(NextWord, EndsAtFourCharactersAlone)
+TEST(ReadWord, EndsAtFourCharactersAlone)
 {
     for (char16_t character = 1; character < 0xFFFF; ++character) {
         const bool isWhite = character == u'\n' || character == u'\r' || character == u'\t' || character == u' ';
         const Text StrText = Text(u"a") + character + u"b";
-        ASSERT_EQ(NextWord(StrText), isWhite ? Text(u"a") : StrText) << static_cast<int>(character);
+        ASSERT_EQ(WordIn(StrText), isWhite ? Text(u"a") : StrText) << static_cast<int>(character);
     }
 }
 
-TEST(NextWord, CountsItsLengthInSixteenBits)
+TEST(ReadWord, MovesThePositionPastLineEndsTabsAndTheWord)
 {
-    EXPECT_EQ(NextWord(Text(32767, u'x') + u" y").size(), 32767U);
-    EXPECT_EQ(FailureOf([] { static_cast<void>(NextWord(Text(32768, u'x'))); }), FailureCode::Overflow);
+    const std::vector<std::pair<TextView, std::int32_t>> cases = {
+        {u"", 0},      {u"  ", 0},       {u"abc def", 3},         {u"   abc", 3},
+        {u"\tabc", 4}, {u"\r\nabc ", 5}, {u" \n \n  \t 12 x", 5}, {u"\n \n ", 2}};
+    for (const auto& [text, passed] : cases) {
+        std::int32_t position = 100;
+        static_cast<void>(ReadWord(text, position));
+        EXPECT_EQ(position, 100 + passed) << testing::PrintToString(text);
+    }
+}
+
+TEST(ReadWord, CountsItsLengthInSixteenBits)
+{
+    EXPECT_EQ(WordIn(Text(32767, u'x') + u" y").size(), 32767U);
+    EXPECT_EQ(FailureOf([] { static_cast<void>(WordIn(Text(32768, u'x'))); }), FailureCode::Overflow);
 }
 
 struct KeywordCase {

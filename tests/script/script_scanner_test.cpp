@@ -244,7 +244,7 @@ TEST_F(ScanDumpKeywords, PassesOverAWordBeyondSixteenBitsAndRecordsIt)
 {
     EXPECT_THAT(NumbersIn(u"dump " + Text(32768, u'1') + u" dump 5"), ElementsAre(5));
     EXPECT_EQ(state_.IntErrorCode, 6);
-    EXPECT_EQ(state_.StrErrorText, Failure(FailureCode::Overflow).Description());
+    EXPECT_EQ(state_.StrErrorText.substr(0, 44), u"The word that begins with \"1111111111111111");
 }
 
 TEST_F(ScanDumpKeywords, NamesNoDumpInAnEmptyScript) { Check({{u"", {0}}, {u"no keyword", {0}}}); }
@@ -290,6 +290,14 @@ TEST_F(ParseMigrateKeywords, LeavesEverythingAsItIsForAnEmptyText)
     TablesIn(u"migrate abcde123");
     EXPECT_THAT(TablesIn(u""), ElementsAre(u"abcde123"));
     EXPECT_THAT(RowsOf(views_.lstMigrateSource), ElementsAre(u"migrate abcde123", u""));
+}
+
+TEST_F(ParseMigrateKeywords, TellsWhetherATextWasReadToItsEnd)
+{
+    EXPECT_FALSE(scanner_.ParseMigrateKeywords(u""));
+    EXPECT_TRUE(scanner_.ParseMigrateKeywords(u"nothing"));
+    EXPECT_TRUE(scanner_.ParseMigrateKeywords(u"migrate srtab001 migrate"));
+    EXPECT_FALSE(scanner_.ParseMigrateKeywords(Text(32768, u'x')));
 }
 
 TEST_F(ParseMigrateKeywords, EmptiesListAndViewForATextWithoutTheKeyword)
@@ -435,6 +443,23 @@ TEST_F(ParseMigrateKeywords, DrawsTheListAnewEachTime)
     TablesIn(u"migrate abcde123 migrate fghij456");
     TablesIn(u"migrate fghij456");
     EXPECT_THAT(RowsOf(views_.lstMigrateSource), ElementsAre(u"migrate fghij456", u""));
+}
+
+class NextWord : public ScriptBench {};
+
+TEST_F(NextWord, ReadsAWordAndMovesThePosition)
+{
+    std::int32_t LngPosition = 7;
+    EXPECT_EQ(scanner_.NextWord(u" \r\n srtab001 x", LngPosition), u"srtab001");
+    EXPECT_EQ(LngPosition, 7 + 2 + 8);
+    EXPECT_EQ(state_.IntErrorCode, 0);
+}
+
+TEST_F(NextWord, RecordsAWordThatIsTooLongAndReadsItAsNone)
+{
+    std::int32_t LngPosition = 0;
+    EXPECT_EQ(scanner_.NextWord(Text(32768, u'x'), LngPosition), u"");
+    EXPECT_EQ(state_.IntErrorCode, 6);
 }
 
 } // namespace
