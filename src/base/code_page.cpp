@@ -78,10 +78,23 @@ std::string EncodeStored(CodePage page, TextView text)
 
 bool CanEncode(CodePage page, TextView text) noexcept { return FindMissing(page, text, 0) == text.size(); }
 
+void RequireEncodable(CodePage page, TextView text)
+{
+    const std::size_t missing = FindMissing(page, text, 0);
+    if (missing == text.size())
+        return;
+    const Character character = CharacterAt(text, missing);
+    const Text shown =
+        character.isLoneSurrogate ? u"half of a character" : Quoted(text.substr(missing, character.length));
+    const auto line = std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(missing), u'\n') + 1;
+    throw Failure(FailureCode::InvalidProcedureCall, u"The text can't be stored in a file: its line " +
+                                                         FromUtf8(std::to_string(line)) + u" holds " + shown +
+                                                         u", which the code page of the files lacks");
+}
+
 std::string Encode(CodePage page, TextView text)
 {
-    if (!CanEncode(page, text))
-        throw Failure(FailureCode::InvalidProcedureCall, u"The text holds a character that its code page lacks");
+    RequireEncodable(page, text);
     return EncodeStored(page, text);
 }
 

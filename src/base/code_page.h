@@ -13,6 +13,9 @@ enum class CodePage { Windows1252, Utf8 };
 /// Whether every character of the text can be stored in the code page.
 [[nodiscard]] bool CanEncode(CodePage page, TextView text) noexcept;
 
+/// Raises InvalidProcedureCall, which names the character and its line, for a text that can't be encoded.
+void RequireEncodable(CodePage page, TextView text);
+
 /// The text as bytes. Raises InvalidProcedureCall for a character that the code page lacks.
 [[nodiscard]] std::string Encode(CodePage page, TextView text);
 

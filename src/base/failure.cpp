@@ -15,6 +15,8 @@ TextView DefaultDescription(FailureCode code)
         return u"Invalid procedure call or argument";
     case FailureCode::Overflow:
         return u"Overflow";
+    case FailureCode::OutOfMemory:
+        return u"Out of memory";
     case FailureCode::SubscriptOutOfRange:
         return u"Subscript out of range";
     case FailureCode::TypeMismatch:
@@ -37,7 +39,14 @@ TextView DefaultDescription(FailureCode code)
     return u"Unknown failure";
 }
 
+constexpr std::size_t LongestQuoted = 60;
+
 } // namespace
+
+Text Quoted(TextView value)
+{
+    return u"\"" + Text(value.substr(0, LongestQuoted)) + (value.size() > LongestQuoted ? u"...\"" : u"\"");
+}
 
 Failure::Failure(FailureCode code) : Failure(code, Text(DefaultDescription(code))) {}
 

@@ -10,6 +10,7 @@ namespace rulemesh {
 enum class FailureCode : int {
     InvalidProcedureCall = 5,
     Overflow = 6,
+    OutOfMemory = 7,
     SubscriptOutOfRange = 9,
     TypeMismatch = 13,
     FileNotFound = 53,
@@ -21,7 +22,8 @@ enum class FailureCode : int {
     IndexOutOfBounds = 35600,
 };
 
-/// The one exception type of the control: a number for the host's program and a description for a person.
+/// The one exception type of the control: a number for the host's program and a description for a person, which says
+/// what was meant, where, and which value stood in the way.
 class Failure : public std::exception {
 public:
     explicit Failure(FailureCode code);
@@ -39,5 +41,19 @@ private:
     Text description_;
     std::string what_;
 };
+
+/// Runs an action whose failure would not say by itself what was meant: it comes out with `what()` and a colon in front
+/// of its description.
+template <typename What, typename Action> auto Telling(What what, Action action)
+{
+    try {
+        return action();
+    } catch (const Failure& failure) {
+        throw Failure(failure.Code(), Text(what()) + u": " + failure.Description());
+    }
+}
+
+/// A value in a description: between quotes, a long one cut short.
+[[nodiscard]] Text Quoted(TextView value);
 
 } // namespace rulemesh

@@ -100,6 +100,17 @@ Decimal DecimalOf(TextView number)
     return decimal;
 }
 
+[[noreturn]] void RaiseOverflow(TextView number)
+{
+    throw Failure(FailureCode::Overflow, Quoted(number) + u" is outside of the whole numbers from -32768 to 32767");
+}
+
+void RequireNumeric(TextView text)
+{
+    if (!IsNumeric(text))
+        throw Failure(FailureCode::TypeMismatch, Quoted(text) + u" is no number");
+}
+
 // Worked out on the digits: a double would already have rounded 1.49999999999999999999 to a half.
 std::int16_t NearestInt16(TextView number)
 {
@@ -107,7 +118,7 @@ std::int16_t NearestInt16(TextView number)
     if (decimal.digits.empty() || decimal.scale < 0)
         return 0;
     if (decimal.scale > 5)
-        throw Failure(FailureCode::Overflow);
+        RaiseOverflow(number);
 
     const auto wholeDigits = static_cast<std::size_t>(decimal.scale);
     std::int64_t nearest = 0;
@@ -128,22 +139,20 @@ bool IsNumeric(TextView text) noexcept { return !text.empty() && NumericLength(t
 
 double ToDouble(TextView text)
 {
-    if (!IsNumeric(text))
-        throw Failure(FailureCode::TypeMismatch);
+    RequireNumeric(text);
     return ValueOf(text);
 }
 
 std::int16_t ToInt16(TextView text)
 {
-    if (!IsNumeric(text))
-        throw Failure(FailureCode::TypeMismatch);
+    RequireNumeric(text);
     return NearestInt16(text);
 }
 
 std::int16_t ToInt16(std::int64_t number)
 {
     if (number < -32768 || number > 32767)
-        throw Failure(FailureCode::Overflow);
+        RaiseOverflow(PlainNumber(number));
     return static_cast<std::int16_t>(number);
 }
 

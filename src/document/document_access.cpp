@@ -49,6 +49,8 @@ bool DocumentAccess::SetRootChildText(TextView StrName, TextView StrText) const
     XmlNode node = GetNode(RootPath(StrName));
     if (!node)
         node = AppendChild(XmlDocument_, XmlDocument_.firstChild(), StrName);
+    if (!node)
+        throw Failure(FailureCode::ObjectVariableNotSet, Text(StrName) + u" can't be stored: the object is empty");
     node.text(StrText);
     return true;
 }

@@ -81,7 +81,7 @@ XmlNode XmlDocument::createNode(TextView name)
 {
     const std::optional<std::string> utf8 = xml::ToUtf8Exactly(name);
     if (!utf8 || !xml::IsName(*utf8))
-        throw Failure(FailureCode::InvalidProcedureCall);
+        throw Failure(FailureCode::InvalidProcedureCall, Quoted(name) + u" can't be the name of an element");
     return {this, store_->Create(*utf8)};
 }
 

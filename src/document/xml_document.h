@@ -94,6 +94,7 @@ private:
 
     /// Makes sure that an element of this document can become a child here.
     void RequireOwnElement(XmlNode child) const;
+    void RequireChild(XmlNode child) const;
 
     const XmlDocument* document_ = nullptr;
     std::uint32_t index_ = 0;

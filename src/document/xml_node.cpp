@@ -33,7 +33,7 @@ bool Holds(Store& store, NodeIndex holder, NodeIndex node)
 Store& XmlNode::StoreOf() const
 {
     if (document_ == nullptr || index_ >= document_->store_->NodeCount())
-        throw Failure(FailureCode::ObjectVariableNotSet);
+        throw Failure(FailureCode::ObjectVariableNotSet, u"The object has no such element");
     return *document_->store_;
 }
 
@@ -41,7 +41,8 @@ Store& XmlNode::ElementStore() const
 {
     Store& store = StoreOf();
     if (!store.At(index_).isElement)
-        throw Failure(FailureCode::ObjectVariableNotSet);
+        throw Failure(FailureCode::ObjectVariableNotSet,
+                      u"Nothing can be put into the declaration, comment or instruction before the root element");
     return store;
 }
 
@@ -83,7 +84,7 @@ void XmlNode::setNamedItem(TextView name, TextView value) const
     Store& store = ElementStore();
     const std::optional<std::string> utf8 = xml::ToUtf8Exactly(name);
     if (!utf8 || !xml::IsName(*utf8))
-        throw Failure(FailureCode::InvalidProcedureCall);
+        throw Failure(FailureCode::InvalidProcedureCall, Quoted(name) + u" can't be the name of an attribute");
     store.SetAttribute(index_, *utf8, xml::ToUtf8Replacing(value));
 }
 
@@ -121,8 +122,7 @@ XmlNode XmlNode::removeChild(XmlNode child) const
 {
     Store& store = ElementStore();
     static_cast<void>(child.StoreOf());
-    if (child.document_ != document_ || store.At(child.index_).parent != index_)
-        throw Failure(FailureCode::InvalidProcedureCall);
+    RequireChild(child);
     store.Remove(child.index_);
     return child;
 }
@@ -131,8 +131,7 @@ void XmlNode::replaceChild(XmlNode newChild, XmlNode oldChild) const
 {
     Store& store = ElementStore();
     static_cast<void>(oldChild.StoreOf());
-    if (oldChild.document_ != document_ || store.At(oldChild.index_).parent != index_)
-        throw Failure(FailureCode::InvalidProcedureCall);
+    RequireChild(oldChild);
     if (newChild == oldChild)
         return;
     RequireOwnElement(newChild);
@@ -149,7 +148,15 @@ void XmlNode::RequireOwnElement(XmlNode child) const
     Store& store = ElementStore();
     static_cast<void>(child.ElementStore());
     if (child.document_ != document_ || child.index_ == store.Root() || Holds(store, child.index_, index_))
-        throw Failure(FailureCode::InvalidProcedureCall);
+        throw Failure(FailureCode::InvalidProcedureCall,
+                      u"The element " + Quoted(child.baseName()) + u" can't become a child of " + Quoted(baseName()));
+}
+
+void XmlNode::RequireChild(XmlNode child) const
+{
+    if (child.document_ != document_ || StoreOf().At(child.index_).parent != index_)
+        throw Failure(FailureCode::InvalidProcedureCall,
+                      u"The element " + Quoted(child.baseName()) + u" is no child of " + Quoted(baseName()));
 }
 
 } // namespace rulemesh

@@ -82,10 +82,17 @@ template <typename Each> void ForEachParent(Store& store, const Path& path, Each
     }
 }
 
+[[noreturn]] void RaiseMalformed(TextView step, TextView path)
+{
+    throw Failure(FailureCode::InvalidProcedureCall, (step.empty() ? u"An empty name" : u"The name " + Quoted(step)) +
+                                                         u" can't stand in a path (" + Quoted(path) + u")");
+}
+
 } // namespace
 
 Path ParsePath(TextView path)
 {
+    const TextView whole = path;
     Path parsed;
     parsed.isAbsolute = path.starts_with(u'/');
     if (parsed.isAbsolute)
@@ -94,7 +101,7 @@ Path ParsePath(TextView path)
         const std::size_t end = path.find(u'/');
         const TextView step = path.substr(0, end);
         if (step.empty() || step.find_first_of(Forbidden) != TextView::npos)
-            throw Failure(FailureCode::InvalidProcedureCall);
+            RaiseMalformed(step, whole);
         parsed.steps.push_back(ToUtf8Exactly(step).value_or(std::string()));
         if (end == TextView::npos)
             return parsed;
@@ -107,7 +114,8 @@ void CheckKey(TextView name, TextView value)
     const bool isBroken = name.empty() || name.find(u'/') != TextView::npos ||
                           name.find_first_of(Forbidden) != TextView::npos || value.find(u'\'') != TextView::npos;
     if (isBroken)
-        throw Failure(FailureCode::InvalidProcedureCall);
+        throw Failure(FailureCode::InvalidProcedureCall,
+                      u"The value " + Quoted(value) + u" of " + Quoted(name) + u" can't be looked for");
 }
 
 NodeIndex SelectFirst(Store& store, NodeIndex from, const Path& path)

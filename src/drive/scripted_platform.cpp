@@ -187,7 +187,7 @@ int ScriptedPlatform::RunEditor(const Text& StrEditor, const Text& StrPath)
     if (!reply.is_object())
         return 0;
     if (reply.value("fail", false))
-        throw Failure(FailureCode::FileNotFound);
+        throw Failure(FailureCode::FileNotFound, u"Unable to start " + Quoted(StrEditor));
     if (reply.contains("text"))
         files_.Put(StrPath, Saved(files_, TextOf(reply.at("text"))));
     return reply.value("status", 0);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 #include <map>
+#include <new>
 
 #include "base/failure.h"
 #include "base/utf8.h"
@@ -73,6 +74,15 @@ bool ShowsTheObject(const Json& request)
     return request.value("do", Json()) == "call" && request.value("name", Json()) == "ShowControl";
 }
 
+Json Described(const Failure& failure)
+{
+    return {{"number", failure.Number()}, {"text", JsonOf(failure.Description())}};
+}
+
+Json OutOfMemory() { return Described(Failure(FailureCode::OutOfMemory)); }
+
+std::string LineOf(const Json& answer) { return answer.dump(-1, ' ', false, Json::error_handler_t::replace); }
+
 // Verbs whose answer has a value even when it is null.
 bool AlwaysHasValue(const Json& request) { return request.value("do", Json()) == "focused"; }
 
@@ -95,18 +105,27 @@ std::string Session::Answer(const std::string& line)
         Json value = desk_->Do(Request(request));
         if (ShowsTheObject(request))
             WarnOfForeignRoot();
-        answer["ok"] = true;
         if (!value.is_null() || AlwaysHasValue(request))
             answer["value"] = std::move(value);
+        answer["ok"] = true;
     } catch (const Refusal& refusal) {
         outcome["refused"] = OneLine(refusal.what());
     } catch (const Failure& failure) {
-        outcome["failure"] = {{"number", failure.Number()}, {"text", JsonOf(failure.Description())}};
+        outcome["failure"] = Described(failure);
+    } catch (const std::bad_alloc&) {
+        outcome["failure"] = OutOfMemory();
     }
     desk_->Settle();
     answer["happened"] = desk_->TakeHappened();
     answer.update(outcome);
-    return answer.dump(-1, ' ', false, Json::error_handler_t::replace);
+    try {
+        return LineOf(answer);
+    } catch (const std::bad_alloc&) {
+        answer.erase("value"); // which was too large to be written down
+        answer["ok"] = false;
+        answer["failure"] = OutOfMemory();
+        return LineOf(answer);
+    }
 }
 
 void Session::WarnOfForeignRoot() const

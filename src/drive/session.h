@@ -20,7 +20,8 @@ public:
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
-    /// Does the request that stands on the line and returns the answer, a line without its line end.
+    /// Does the request that stands on the line and returns the answer, a line without its line end. A request that
+    /// runs out of memory is answered with a failure; raises std::bad_alloc where there is no memory for that either.
     [[nodiscard]] std::string Answer(const std::string& line);
 
     /// Told what a person should know about the session although no answer holds it, in a line without its end.

@@ -61,7 +61,8 @@ XmlNode DumpCopying::TargetOfCopy(std::int16_t IntTo)
     if (target)
         return target;
     document_.CreateDumpNode(IntTo, u"");
-    throw Failure(FailureCode::ObjectVariableNotSet);
+    throw Failure(FailureCode::ObjectVariableNotSet,
+                  u"Dump " + PlainNumber(IntTo) + u" had no element DUMP to copy into; it has one now");
 }
 
 // A dump copied onto itself loses its rules before there is anything to copy.
@@ -92,13 +93,13 @@ void DumpCopying::cmdCopyToAllDumps_Click()
     dumpView_.SaveDumpRules(StrCurrent);
     preConditions_.SavePreCondition();
 
-    const XmlNode dump = document_.GetDumpNode(IntCurrent);
+    const XmlNode dump = RequireDump(document_.GetDumpNode(IntCurrent), IntCurrent);
     Text StrTable = GetAttribute(dump, u"TT");
     if (StrTable.empty())
         StrTable = state_.StrTargetTable;
     const int selected = views_.lstTargetFields.SelectedRow();
     if (selected == 0)
-        throw Failure(FailureCode::ObjectVariableNotSet);
+        throw Failure(FailureCode::ObjectVariableNotSet, u"No field of lstTargetFields is selected");
     // The name is cut at the length of the table, and an index keeps its brackets: such a field is no valid path.
     const Text StrName = views_.lstTargetFields.TextAt(selected, TargetField::Name);
     const Text StrField = ToUpper(TextView(StrName).substr(std::min(StrTable.size() + 1, StrName.size())));

@@ -11,7 +11,9 @@ namespace {
 TextView RuleAt(const RuleTexts& rules, int row)
 {
     if (row < 0 || row >= std::ssize(rules))
-        throw Failure(FailureCode::InvalidPropertyArrayIndex);
+        throw Failure(FailureCode::InvalidPropertyArrayIndex, u"There is no row " + PlainNumber(row) +
+                                                                  u" of rules; there are " +
+                                                                  PlainNumber(std::ssize(rules)) + u", counted from 0");
     return rules[static_cast<std::size_t>(row)];
 }
 
@@ -60,7 +62,9 @@ XmlNode DumpRecords::MscriptNode() const
     try {
         return document_.Document().selectSingleNode(document_.RootPath(u"MSCRIPT"));
     } catch (const Failure&) {
-        throw Failure(FailureCode::TypeMismatch); // recording the error fails on its own default number
+        // Recording the error fails on its own default number.
+        throw Failure(FailureCode::TypeMismatch,
+                      u"The target table " + Quoted(state_.StrTargetTable) + u" can't stand in a path");
     }
 }
 
@@ -107,7 +111,17 @@ void DumpRecords::SaveRule(XmlNode dump, XmlNode field, const RuleTexts& rules)
 
 std::int16_t DumpRecords::RowOf(XmlNode field)
 {
-    return ToInt16(std::int64_t{ToInt16(GetAttribute(field, u"No"))} - 1);
+    const Text StrNumber = GetAttribute(field, u"No");
+    return Telling([&] { return u"The number (No) of the field " + field.baseName(); },
+                   [&] { return ToInt16(std::int64_t{ToInt16(StrNumber)} - 1); });
+}
+
+XmlNode RequireDump(XmlNode dump, std::int16_t IntDump)
+{
+    if (!dump)
+        throw Failure(FailureCode::ObjectVariableNotSet,
+                      u"The object has no element DUMP for dump " + PlainNumber(IntDump));
+    return dump;
 }
 
 void DumpRecords::AppendRule(XmlNode dump, TextView StrFieldNode, TextView StrRule)

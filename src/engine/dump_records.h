@@ -56,4 +56,7 @@ private:
     void SaveRule(XmlNode dump, XmlNode field, const RuleTexts& rules);
 };
 
+/// The element of a dump that must be there. Raises ObjectVariableNotSet, which names the dump, for the null handle.
+XmlNode RequireDump(XmlNode dump, std::int16_t IntDump);
+
 } // namespace rulemesh

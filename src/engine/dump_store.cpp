@@ -1,6 +1,7 @@
 #include "engine/dump_store.h"
 
 #include "base/case_map.h"
+#include "base/failure.h"
 #include "base/numbers.h"
 #include "document/names.h"
 
@@ -16,14 +17,23 @@ XmlNode DumpStore::GetTargetTableNode(std::int16_t IntDump)
 
 std::int16_t DumpStore::GetFieldNumber(TextView StrField)
 {
-    const XmlNode field = GetTargetTableNode(0).selectSingleNode(ToUpper(FieldNodeName(StrField)));
+    const XmlNode table = GetTargetTableNode(0);
+    const Text StrName = ToUpper(FieldNodeName(StrField));
+    if (!table)
+        throw Failure(FailureCode::ObjectVariableNotSet,
+                      u"The object describes no target table in which to look for the field " + Quoted(StrName));
+    const XmlNode field = table.selectSingleNode(StrName);
+    if (!field)
+        throw Failure(FailureCode::ObjectVariableNotSet,
+                      u"The target table " + table.baseName() + u" has no field " + Quoted(StrName));
     const Text StrNumber = GetAttribute(field, u"No");
     return IsNumeric(StrNumber) ? ToInt16(StrNumber) : std::int16_t{0};
 }
 
 bool DumpStore::DumpHasRules() const
 {
-    const XmlNode dump = document_.GetDumpNode(ToInt16(std::int64_t{views_.CmbDump.ItemData()}));
+    const std::int16_t IntDump = ToInt16(std::int64_t{views_.CmbDump.ItemData()});
+    const XmlNode dump = RequireDump(document_.GetDumpNode(IntDump), IntDump);
     for (XmlNode rule = dump.firstChild(); rule; rule = rule.nextSibling()) {
         if (!rule.text().empty() || !GetAttribute(rule, u"TEXT").empty())
             return true;

@@ -89,7 +89,8 @@ void DumpView::LoadDumpRules(std::int16_t IntDump)
         return;
     }
     for (XmlNode field = table.firstChild(); field; field = field.nextSibling()) {
-        const std::int16_t row = DumpRecords::RowOf(field); // a faulty number fails before the read of the rule makes a dump
+        const std::int16_t row =
+            DumpRecords::RowOf(field); // a faulty number fails before the read of the rule makes a dump
         const Text StrRule = document_.GetRuleText(IntDump, field.baseName());
         grid.TextMatrix(row, 1, StrRule);
     }
@@ -203,7 +204,8 @@ bool DumpView::CaptionHasDump() const { return views_.Details.Caption().find(u':
 std::int16_t DumpView::DumpInCaption() const
 {
     if (!CaptionHasDump())
-        throw Failure(FailureCode::SubscriptOutOfRange);
+        throw Failure(FailureCode::SubscriptOutOfRange,
+                      u"No dump is shown yet: the caption " + Quoted(views_.Details.Caption()) + u" names none");
     return ToInt16(TrimBlanks(Split(views_.Details.Caption(), u':')[1]));
 }
 

@@ -26,7 +26,8 @@ void RuleMapping::CmdMap_Click()
     if (selected == 0)
         return;
     if (sources.Count() > std::numeric_limits<std::int16_t>::max())
-        throw Failure(FailureCode::Overflow);
+        throw Failure(FailureCode::Overflow, u"lstSourceFields holds " + PlainNumber(sources.Count()) +
+                                                 u" fields; Map goes through up to 32767");
 
     const Text StrRule = RuleFromTickedFields(targets.TextAt(selected, TargetField::Type));
     if (StrRule.empty())

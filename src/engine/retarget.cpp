@@ -1,6 +1,7 @@
 #include "engine/retarget.h"
 
 #include "base/case_map.h"
+#include "base/failure.h"
 #include "base/numbers.h"
 
 namespace rulemesh {
@@ -45,7 +46,7 @@ bool DumpRetargeting::UserGivesUpRules(std::int16_t IntDump, const Text& StrNewT
 // The description of the former table stays. Unsaved edits in the grid go with the rules.
 void DumpRetargeting::AssignTable(std::int16_t IntDump, const Text& StrTable)
 {
-    const XmlNode dump = document_.GetDumpNode(IntDump);
+    const XmlNode dump = RequireDump(document_.GetDumpNode(IntDump), IntDump);
     SetAttribute(dump, u"TT", StrTable);
     dump.removeChildren();
     AppendDefaultRule(dump, StrTable);
@@ -55,7 +56,10 @@ void DumpRetargeting::AssignTable(std::int16_t IntDump, const Text& StrTable)
 
 void DumpRetargeting::AppendDefaultRule(XmlNode dump, const Text& StrTable)
 {
-    const XmlNode firstField = store_.CatalogueTable(StrTable).firstChild();
+    const XmlNode table = store_.CatalogueTable(StrTable);
+    if (!table)
+        throw Failure(FailureCode::ObjectVariableNotSet, u"The object describes no target table " + Quoted(StrTable));
+    const XmlNode firstField = table.firstChild();
     if (firstField)
         store_.AppendRule(dump, firstField.baseName(), u"default()");
 }

@@ -6,7 +6,7 @@ namespace rulemesh {
 
 void MemoryFiles::Write(TextView StrPath, std::string_view bytes)
 {
-    FailIfDue();
+    FailIfDue(StrPath);
     Put(StrPath, bytes);
 }
 
@@ -17,19 +17,19 @@ void MemoryFiles::Put(TextView StrPath, std::string_view bytes)
 
 std::string MemoryFiles::Read(TextView StrPath)
 {
-    FailIfDue();
+    FailIfDue(StrPath);
     const auto file = contents_.find(StrPath);
     if (file == contents_.end())
-        throw Failure(FailureCode::FileNotFound);
+        throw Failure(FailureCode::FileNotFound, u"File not found: " + Text(StrPath));
     return file->second;
 }
 
-void MemoryFiles::FailIfDue()
+void MemoryFiles::FailIfDue(TextView StrPath)
 {
     if (failuresDue_ == 0)
         return;
     --failuresDue_;
-    throw Failure(FailureCode::PathFileAccess);
+    throw Failure(FailureCode::PathFileAccess, u"Path/File access error: " + Text(StrPath));
 }
 
 } // namespace rulemesh

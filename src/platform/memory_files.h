@@ -29,7 +29,7 @@ public:
     [[nodiscard]] const std::map<Text, std::string, std::less<>>& Contents() const noexcept { return contents_; }
 
 private:
-    void FailIfDue();
+    void FailIfDue(TextView StrPath);
 
     CodePage page_;
     std::map<Text, std::string, std::less<>> contents_;

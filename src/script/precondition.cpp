@@ -4,6 +4,7 @@
 #include <unordered_set>
 
 #include "base/case_map.h"
+#include "base/failure.h"
 #include "script/script_keys.h"
 
 namespace rulemesh {
@@ -33,6 +34,9 @@ void PreConditions::SavePreCondition()
     state_.StrPriorMigrateTables = {u""};
     state_.StrNewMigrateTables = {u""};
     const XmlNode node = document_.GetNode(document_.RootPath(u"PREC"));
+    if (!node)
+        throw Failure(FailureCode::ObjectVariableNotSet,
+                      u"The object has no element PREC under a root named " + Quoted(state_.StrTargetTable));
     const Text StrStored = node.text();
     scanner_.ParseMigrateKeywords(StrStored);
     state_.StrPriorMigrateTables = state_.StrMigrateTables;

@@ -23,7 +23,8 @@ void DocumentPruning::PruneQueries()
     for (const XmlNode& query : document_.Document().selectNodes(document_.RootPath(u"QUERY"))) {
         const std::optional<Text> StrTable = query.getNamedItem(u"ST");
         if (!StrTable)
-            throw Failure(FailureCode::ObjectVariableNotSet);
+            throw Failure(FailureCode::ObjectVariableNotSet,
+                          u"An element QUERY has no attribute ST, which names its table");
         if (!migrated.contains(*StrTable))
             root.removeChild(query);
     }
@@ -39,7 +40,10 @@ void DocumentPruning::SyncDumps()
 
     const XmlNode root = document_.Document().firstChild();
     for (const XmlNode& dump : document_.Document().selectNodes(document_.RootPath(u"DUMP"))) {
-        if (!IsInDumpList(state_.IntDumpNumbers, ToInt16(GetAttribute(dump, u"No"))))
+        const Text StrNumber = GetAttribute(dump, u"No");
+        const std::int16_t IntDump =
+            Telling([] { return u"The number (No) of an element DUMP"; }, [&] { return ToInt16(StrNumber); });
+        if (!IsInDumpList(state_.IntDumpNumbers, IntDump))
             root.removeChild(dump);
     }
 }

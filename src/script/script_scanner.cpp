@@ -36,7 +36,8 @@ void ScriptScanner::ScanDumpKeywords(TextView StrText, std::vector<std::int16_t>
         const TextView word = NextWord(Rest, scratch);
         if (!IsNumeric(word))
             continue;
-        const std::int16_t IntDump = ToInt16(word);
+        const std::int16_t IntDump =
+            Telling([] { return u"The number of a dump statement"; }, [&] { return ToInt16(word); });
         if (IntDump < DumpNumberLimit)
             RegisterDump(IntDump, IntNumbers, GetDumpComment(Rest), StrTexts);
     }
@@ -92,7 +93,9 @@ bool ScriptScanner::ParseMigrateKeywords(TextView StrText)
 void ScriptScanner::ReadMigrateTables(TextView StrText)
 {
     if (StrText.size() > PreconditionLimit)
-        throw Failure(FailureCode::Overflow);
+        throw Failure(FailureCode::Overflow, u"The precondition has " +
+                                                 PlainNumber(static_cast<std::int64_t>(StrText.size())) +
+                                                 u" characters; its statements are found in up to 32767");
     TextView Rest = StrText;
     for (std::size_t position = FindKeyword(Rest, MigrateKeyword); position != 0;
          position = FindKeyword(Rest, MigrateKeyword)) {

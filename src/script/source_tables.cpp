@@ -2,6 +2,8 @@
 
 #include <unordered_set>
 
+#include "base/failure.h"
+
 namespace rulemesh {
 
 namespace {
@@ -62,12 +64,17 @@ void SourceTableList::AddMissingParts()
 XmlNode SourceTableList::FindOrAddElement()
 {
     const XmlNode element = document_.GetNode(document_.RootPath(u"SRCTBL"));
-    return element ? element : AppendChild(document_.Document(), document_.Document().documentElement(), u"SRCTBL");
+    if (element)
+        return element;
+    return AppendChild(document_.Document(), document_.Document().documentElement(), u"SRCTBL");
 }
 
 void SourceTableList::SourceTables(TextView i_SourceTables)
 {
-    FindOrAddElement().text(i_SourceTables);
+    const XmlNode element = FindOrAddElement();
+    if (!element)
+        throw Failure(FailureCode::ObjectVariableNotSet, u"The source tables can't be stored: the object is empty");
+    element.text(i_SourceTables);
     RefreshSourceTables();
 }
 

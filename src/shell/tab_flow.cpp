@@ -66,7 +66,7 @@ void TabFlow::ChooseMissingTargets(Text& StrDump)
 {
     for (std::size_t index = 0; index < views_.CmbDump.Entries().size(); ++index) {
         const auto IntDump = static_cast<std::int16_t>(views_.CmbDump.Entries()[index].Data);
-        const XmlNode dump = document_.GetDumpNode(IntDump);
+        const XmlNode dump = RequireDump(document_.GetDumpNode(IntDump), IntDump);
         if (!GetAttribute(dump, u"TT").empty())
             continue;
         const std::vector<ComboBox::Entry>& tables = views_.CmbTargetTable.Entries();

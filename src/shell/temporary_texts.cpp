@@ -1,15 +1,8 @@
 #include "shell/temporary_texts.h"
 
-#include "base/failure.h"
-
 namespace rulemesh {
 
-void RequireEncodable(const TextFiles& files, TextView StrText)
-{
-    if (!CanEncode(files.Page(), StrText))
-        throw Failure(FailureCode::InvalidProcedureCall,
-                      u"The text holds a character that its temporary file can't hold");
-}
+void RequireEncodable(const TextFiles& files, TextView StrText) { RequireEncodable(files.Page(), StrText); }
 
 void WriteTextFile(TextFiles& files, const Text& StrPath, TextView StrText)
 {

@@ -1,6 +1,7 @@
 #include "views/combo_box.h"
 
 #include "base/failure.h"
+#include "base/numbers.h"
 #include "views/view_tree.h"
 
 namespace rulemesh {
@@ -21,7 +22,9 @@ void ComboBox::AddItem(rulemesh::Text text, std::int32_t data)
 void ComboBox::ListIndex(int index)
 {
     if (index < None || index >= static_cast<int>(entries_.size()))
-        throw Failure(FailureCode::InvalidPropertyValue);
+        throw Failure(FailureCode::InvalidPropertyValue,
+                      rulemesh::Text(Name()) + u" has no entry " + PlainNumber(index) + u"; it has " +
+                          PlainNumber(static_cast<std::int64_t>(entries_.size())) + u", counted from 0");
     if (index == index_)
         return;
     index_ = index;
@@ -33,7 +36,7 @@ void ComboBox::ListIndex(int index)
 const ComboBox::Entry& ComboBox::Selected() const
 {
     if (!HasSelection())
-        throw Failure(FailureCode::ObjectVariableNotSet);
+        throw Failure(FailureCode::ObjectVariableNotSet, u"No entry of " + rulemesh::Text(Name()) + u" is selected");
     return entries_[static_cast<std::size_t>(index_)];
 }
 

@@ -3,13 +3,20 @@
 #include <algorithm>
 #include <utility>
 
-#include "base/failure.h"
+#include "base/numbers.h"
 #include "views/text_box.h"
 #include "views/view_tree.h"
 
 namespace rulemesh {
 
 bool Grid::Has(int row, int col) const noexcept { return row >= 0 && row < Rows() && col >= 0 && col < ColumnCount; }
+
+void Grid::RaiseNoCell(FailureCode code, int row, int col) const
+{
+    throw Failure(code, rulemesh::Text(Name()) + u" has no cell in row " + PlainNumber(row) + u" and column " +
+                            PlainNumber(col) + u"; it has " + PlainNumber(Rows()) + u" rows and " +
+                            PlainNumber(ColumnCount) + u" columns, counted from 0");
+}
 
 void Grid::ClearRows()
 {
@@ -41,28 +48,28 @@ void Grid::Row(int row)
     if (row == row_)
         return;
     if (!Has(row, 0))
-        throw Failure(FailureCode::InvalidPropertyValue);
+        RaiseNoCell(FailureCode::InvalidPropertyValue, row, col_);
     MakeCurrent(row, col_);
 }
 
 void Grid::Col(int col)
 {
     if (col < 0 || col >= ColumnCount)
-        throw Failure(FailureCode::InvalidPropertyValue);
+        RaiseNoCell(FailureCode::InvalidPropertyValue, row_, col);
     MakeCurrent(row_, col);
 }
 
 const Text& Grid::TextMatrix(int row, int col) const
 {
     if (!Has(row, col))
-        throw Failure(FailureCode::InvalidPropertyArrayIndex);
+        RaiseNoCell(FailureCode::InvalidPropertyArrayIndex, row, col);
     return rows_[static_cast<std::size_t>(row)][static_cast<std::size_t>(col)];
 }
 
 void Grid::TextMatrix(int row, int col, rulemesh::Text text)
 {
     if (!Has(row, col))
-        throw Failure(FailureCode::InvalidPropertyArrayIndex);
+        RaiseNoCell(FailureCode::InvalidPropertyArrayIndex, row, col);
     rows_[static_cast<std::size_t>(row)][static_cast<std::size_t>(col)] = std::move(text);
     Changed();
 }
@@ -72,7 +79,7 @@ int Grid::TopRowFor(int row) const noexcept { return std::clamp(row, 0, std::max
 void Grid::TopRow(int row)
 {
     if (row < 0)
-        throw Failure(FailureCode::InvalidPropertyValue);
+        RaiseNoCell(FailureCode::InvalidPropertyValue, row, 0);
     topRow_ = TopRowFor(row);
     Changed();
 }
@@ -85,7 +92,8 @@ bool Grid::RowIsVisible(int row) const noexcept
 void Grid::ColWidth(int col, int width)
 {
     if (width < 0)
-        throw Failure(FailureCode::InvalidPropertyValue);
+        throw Failure(FailureCode::InvalidPropertyValue,
+                      u"A column of " + rulemesh::Text(Name()) + u" can't be " + PlainNumber(width) + u" twips wide");
     widths_.at(static_cast<std::size_t>(col)) = width;
     Changed();
 }

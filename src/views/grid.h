@@ -4,6 +4,7 @@
 #include <functional>
 #include <vector>
 
+#include "base/failure.h"
 #include "views/view.h"
 
 namespace rulemesh {
@@ -86,6 +87,7 @@ public:
     std::function<void(std::int16_t KeyAscii)> KeyPress;
 
 private:
+    [[noreturn]] void RaiseNoCell(FailureCode code, int row, int col) const;
     [[nodiscard]] bool Has(int row, int col) const noexcept;
     [[nodiscard]] int TopRowFor(int row) const noexcept;
     void MakeCurrent(int row, int col);

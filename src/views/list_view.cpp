@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/failure.h"
+#include "base/numbers.h"
 #include "views/view_tree.h"
 
 namespace rulemesh {
@@ -23,7 +24,8 @@ ListView::ListView(ViewTree& tree, const ViewDesign& view, Design design)
 void ListView::ColumnWidth(int column, int width)
 {
     if (width < 0)
-        throw Failure(FailureCode::InvalidPropertyValue);
+        throw Failure(FailureCode::InvalidPropertyValue,
+                      u"A column of " + Text(Name()) + u" can't be " + PlainNumber(width) + u" twips wide");
     design_.Columns.at(static_cast<std::size_t>(column) - 1).Width = width;
     Changed();
 }
@@ -40,10 +42,16 @@ void ListView::Sort() const
     sortingHolds_ = true;
 }
 
+void ListView::RaiseNoRow(int row) const
+{
+    throw Failure(FailureCode::IndexOutOfBounds, Text(Name()) + u" has no row " + PlainNumber(row) + u"; it has " +
+                                                     PlainNumber(Count()) + u", counted from 1");
+}
+
 std::size_t ListView::IndexOf(int row) const
 {
     if (row < 1 || row > Count())
-        throw Failure(FailureCode::IndexOutOfBounds);
+        RaiseNoRow(row);
     const auto shown = static_cast<std::size_t>(row) - 1;
     if (!design_.Sorted)
         return shown;
@@ -90,7 +98,7 @@ void ListView::Add(std::vector<Text> texts)
 void ListView::Insert(int row, std::vector<Text> texts)
 {
     if (row < 1 || row > Count() + 1)
-        throw Failure(FailureCode::IndexOutOfBounds);
+        RaiseNoRow(row);
     const auto at = static_cast<std::size_t>(row) - 1;
     rows_.insert(rows_.begin() + (row - 1), {.Texts = std::move(texts)});
     for (std::optional<std::size_t>* kept : {&current_, &anchor_}) {

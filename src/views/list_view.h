@@ -128,6 +128,7 @@ protected:
     void BeforeGotFocus() override;
 
 private:
+    [[noreturn]] void RaiseNoRow(int row) const;
     [[nodiscard]] std::size_t IndexOf(int row) const;
     [[nodiscard]] int RowOf(std::size_t index) const;
     void SelectOnly(std::size_t index);

@@ -3,16 +3,18 @@
 #include <utility>
 
 #include "base/failure.h"
+#include "base/numbers.h"
 #include "views/view_tree.h"
 
 namespace rulemesh {
 
 namespace {
 
-int CheckedLength(int length)
+int CheckedLength(int length, TextView view, TextView what)
 {
     if (length < 0)
-        throw Failure(FailureCode::InvalidPropertyValue);
+        throw Failure(FailureCode::InvalidPropertyValue,
+                      Text(what) + u" of " + Text(view) + u" can't be " + PlainNumber(length) + u" twips");
     return length;
 }
 
@@ -53,13 +55,13 @@ void View::Top(int top)
 
 void View::Width(int width)
 {
-    place_.Width = CheckedLength(width);
+    place_.Width = CheckedLength(width, name_, u"The width");
     Changed();
 }
 
 void View::Height(int height)
 {
-    place_.Height = CheckedLength(height);
+    place_.Height = CheckedLength(height, name_, u"The height");
     Changed();
 }
 

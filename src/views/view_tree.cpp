@@ -12,6 +12,13 @@ View* ViewTree::Find(TextView name) const noexcept
     return found == views_.end() ? nullptr : *found;
 }
 
+// Each view notes itself once at most, so that there is room for all of them, also where nothing may fail.
+void ViewTree::Add(View& view)
+{
+    views_.push_back(&view);
+    changed_.reserve(views_.capacity());
+}
+
 void ViewTree::NoteChange(View& view)
 {
     changed_.push_back(&view);
@@ -21,9 +28,12 @@ void ViewTree::NoteChange(View& view)
 
 std::vector<View*> ViewTree::TakeChanged()
 {
-    for (View* view : changed_)
+    std::vector<View*> taken;
+    taken.reserve(views_.size());
+    taken.swap(changed_);
+    for (View* view : taken)
         view->changed_ = false;
-    return std::exchange(changed_, {});
+    return taken;
 }
 
 void ViewTree::GiveFocusTo(View* view)

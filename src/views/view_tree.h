@@ -57,7 +57,7 @@ private:
     friend class View;
     friend class Button;
 
-    void Add(View& view) { views_.push_back(&view); }
+    void Add(View& view);
     void NoteChange(View& view);
     void GiveFocusTo(View* view);
     void TakeFocusFrom(View& view);

@@ -116,7 +116,7 @@ TEST_F(MainQueriesTest, RecordsAFailureToStore)
     ASSERT_FALSE(document_.loadXML(u"broken"));
     queries_.SaveQuery(u"abcde123", u"x");
     EXPECT_EQ(state_.IntErrorCode, 91);
-    EXPECT_EQ(state_.StrErrorText, Failure(FailureCode::ObjectVariableNotSet).Description() + u" in Saving Query");
+    EXPECT_EQ(state_.StrErrorText, u"The object has no such element in Saving Query");
 }
 
 TEST_F(MainQueriesTest, CollectsFromPreconditionFunctionsAndScriptsInThatOrder)
