@@ -72,7 +72,21 @@ ObjectText ParseObjectBytes(const QByteArray& bytes)
 
 ObjectText ReadObjectFile(const QString& path) { return ParseObjectBytes(ReadPlainFile(path)); }
 
-void WriteObjectFile(const QString& path, const ObjectText& text) { WriteFileAtOnce(path, text.Lead + text.Object); }
+void EnsureLoads(const ObjectText& text)
+{
+    XmlDocument document;
+    if (!document.loadXML(text.Object.toStdString()))
+        throw HostError(
+            QStringLiteral("The text that was to be written can't be read again, so the file was left as it "
+                           "is. %1")
+                .arg(Complaint(text)));
+}
+
+void WriteObjectFile(const QString& path, const ObjectText& text)
+{
+    EnsureLoads(text);
+    WriteFileAtOnce(path, text.Lead + text.Object);
+}
 
 QString RootName(const QByteArray& object)
 {

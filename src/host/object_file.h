@@ -23,8 +23,11 @@ struct ObjectText {
 /// Reads a plain file. Raises HostError as ParseObjectBytes and ReadPlainFile do.
 [[nodiscard]] ObjectText ReadObjectFile(const QString& path);
 
-/// Replaces the file's text as WriteFileAtOnce does. Raises HostError when that can't be done; the old text stands
-/// there then.
+/// Raises HostError for a text that would not load again.
+void EnsureLoads(const ObjectText& text);
+
+/// Replaces the file's text as WriteFileAtOnce does, by one that loads again. Raises HostError when that can't be done;
+/// the old text stands there then.
 void WriteObjectFile(const QString& path, const ObjectText& text);
 
 /// The name of the root element, which is the object's target table.

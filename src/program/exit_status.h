@@ -9,6 +9,7 @@ enum ExitStatus : int {
     CannotOpenFile = 2,
     CannotWriteAnswer = 3,
     CannotReadRequests = 4,
+    RanOutOfMemory = 5,
     NoDisplay = 6,
 };
 

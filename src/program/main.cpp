@@ -1,10 +1,15 @@
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
 #include <filesystem>
 #include <iostream>
+#include <new>
 #include <string>
 
 #include <CLI/CLI.hpp>
 
 #include "program/drive_command.h"
+#include "program/exit_status.h"
 
 #ifdef RULEMESH_HAS_APPLICATION
 #include "program/display.h"
@@ -12,6 +17,19 @@
 #endif
 
 namespace {
+
+// Where memory ends outside of a request, or where nothing may be thrown, the program says so and ends by itself.
+[[noreturn]] void EndWithoutMemory()
+{
+    try {
+        if (const std::exception_ptr thrown = std::current_exception())
+            std::rethrow_exception(thrown);
+    } catch (const std::bad_alloc&) {
+        std::fputs("rulemesh: out of memory\n", stderr);
+        std::_Exit(rulemesh::RanOutOfMemory);
+    }
+    std::abort();
+}
 
 #ifdef RULEMESH_HAS_APPLICATION
 int Unknown(const std::string& word)
@@ -38,6 +56,7 @@ int OpenWithoutCommand(const CLI::App& program, char* name, const std::string& f
 
 int main(int argc, char** argv)
 {
+    std::set_terminate(EndWithoutMemory);
     CLI::App program("Rulemesh: a visual designer for data-migration mappings.");
     program.name("rulemesh");
     program.set_version_flag("--version", "rulemesh " RULEMESH_VERSION);
@@ -62,7 +81,8 @@ int main(int argc, char** argv)
         "\n"
         "The exit status is 0 at the end of the requests, 2 when FILE can't be opened, 3 when an answer can't be\n"
         "written (a full disk, a reader that went away), 4 when the requests can't be read (a folder, a fault of the\n"
-        "disk). rulemesh(1) and docs/drive.md tell the whole protocol.");
+        "disk), 5 when even the answer that memory is short finds none. rulemesh(1) and docs/drive.md tell the whole "
+        "protocol.");
 
 #ifdef RULEMESH_HAS_APPLICATION
     std::string alone;

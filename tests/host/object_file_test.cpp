@@ -143,6 +143,15 @@ TEST(WriteObjectFile, ReplacesTheFileThatALinkLeadsTo)
     EXPECT_EQ(Contents(folder / "object.xml"), "<a/>");
 }
 
+TEST(WriteObjectFile, LeavesTheOldTextWhereTheNewOneWouldNotLoad)
+{
+    const TemporaryFolder folder;
+    const auto path = folder / "object.xml";
+    WriteObjectFile(PathOf(path), {"", "<a/>"});
+    EXPECT_THROW(WriteObjectFile(PathOf(path), {"", "<a><b></a>"}), HostError);
+    EXPECT_EQ(ReadObjectFile(PathOf(path)).Object, "<a/>");
+}
+
 TEST(WriteObjectFile, LeavesTheOldTextWhereItCanNotWrite)
 {
     const TemporaryFolder folder;
