@@ -57,6 +57,12 @@ void AddDumpsOf(std::vector<std::int16_t>& numbers, TextView script)
     ForEachWordBehind(script, u"dump", [&](TextView word) { AddDump(numbers, word); });
 }
 
+TextView FirstWord(TextView text)
+{
+    std::int32_t behind = 0;
+    return ReadWord(text, behind);
+}
+
 } // namespace
 
 Text MigrateStatement(TextView StrTable, TextView StrDescription)
@@ -117,7 +123,7 @@ bool MigratesCleanly(TextView StrScript)
             return false;
         const bool counts = StandsAlone(rest, at, MigrateKeyword.size());
         rest.remove_prefix(at - 1 + MigrateKeyword.size());
-        const TextView table = counts ? NextWord(rest) : TextView();
+        const TextView table = counts ? FirstWord(rest) : TextView();
         if (!table.empty() && !IsTableCode(table))
             return false;
     }
@@ -132,7 +138,7 @@ std::vector<PlacedWord> DumpsPast16Bits(TextView StrScript)
     for (std::size_t at = FindKeyword(rest, DumpKeyword); at != 0; at = FindKeyword(rest, DumpKeyword)) {
         const bool counts = !IsInComment(rest, at) && StandsAlone(rest, at, DumpKeyword.size());
         rest.remove_prefix(at - 1 + DumpKeyword.size());
-        const TextView word = counts ? NextWord(rest.substr(0, WordLimit)) : TextView();
+        const TextView word = counts ? FirstWord(rest.substr(0, WordLimit)) : TextView();
         if (!IsNumeric(word) || std::abs(ToDouble(word)) <= Greatest)
             continue;
         const auto before = StrScript.substr(0, static_cast<std::size_t>(word.data() - StrScript.data()));
