@@ -23,10 +23,10 @@ TabWidget::TabWidget(ViewSurface& surface, TabControl& tabs, QWidget& parent)
     bar_->setExpanding(false);
     for (int tab = 0; tab < TabControl::TabCount; ++tab)
         bar_->addTab(ToQt(tabs.TabCaption(tab)));
-    // The bar has changed by now; it goes back when the click is lost.
+    // The bar has changed by now. It goes back: the click may be lost, or ask something first.
     connect(bar_, &QTabBar::currentChanged, this, [this](int tab) {
-        Surface().Act([this, tab] { tabs_.UserClicksTab(tab); });
         Sync();
+        Surface().Act([this, tab] { tabs_.UserClicksTab(tab); });
     });
 }
 

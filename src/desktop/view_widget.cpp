@@ -43,7 +43,8 @@ bool ViewWidget::HandleKey(QKeyEvent& /*event*/) { return false; }
 
 bool ViewWidget::HandleMousePress(QMouseEvent& /*event*/, bool /*twice*/) { return false; }
 
-// A shortcut, an assistive tool or the tab key of the window around brought the focus here past the model.
+// A shortcut, an assistive tool or the tab key of the window around brought the focus here past the model. A window
+// that becomes active only gives back what was left of it here while it wasn't: the model's focus holds then.
 void ViewWidget::TakeOverFocus(Qt::FocusReason reason)
 {
     const bool tabbed = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
@@ -51,6 +52,8 @@ void ViewWidget::TakeOverFocus(Qt::FocusReason reason)
         surface_.MoveFocusByTab(reason == Qt::TabFocusReason);
     else if (tabbed || reason == Qt::ShortcutFocusReason || reason == Qt::OtherFocusReason)
         surface_.FocusFor(view_);
+    else
+        surface_.FollowFocus();
 }
 
 bool ViewWidget::eventFilter(QObject* watched, QEvent* event)

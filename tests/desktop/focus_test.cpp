@@ -113,6 +113,23 @@ TEST_F(FocusOfTheWindow, BacktabOfTheHostComesInAtTheLastView)
     EXPECT_EQ(Focused(), last->Name());
 }
 
+TEST_F(FocusOfTheWindow, ActivationBringsTheFocusWhereTheModelHasIt)
+{
+    Surface().FocusFor(Views().txtPreCondition);
+    QApplication::setActiveWindow(nullptr);
+    WidgetOf(Views().CmdVariables)->setFocus(Qt::OtherFocusReason); // nobody is told while the window is inactive
+    QApplication::setActiveWindow(&Host);
+    EXPECT_EQ(Focused(), u"txtPreCondition");
+}
+
+TEST_F(FocusOfTheWindow, ActivationLeavesTheFocusNowhereWhenTheModelHasNone)
+{
+    QApplication::setActiveWindow(nullptr);
+    WidgetOf(Views().txtPreCondition)->setFocus(Qt::OtherFocusReason);
+    QApplication::setActiveWindow(&Host);
+    ExpectNowhereInTheDesigner();
+}
+
 TEST_F(TwoDesigners, AccessKeyIsForTheOneWithTheFocus)
 {
     Other.Surface().FocusFor(Other.Control().Views().RulesGrid);

@@ -178,4 +178,16 @@ TEST_F(Mouse, LostClickOnATabGoesBackToTheShownOne)
     EXPECT_EQ(bar.currentIndex(), 1);
 }
 
+TEST_F(Mouse, TabIsNotShownBeforeTheFieldThatIsLeftHasHadItsSay)
+{
+    auto& bar = dynamic_cast<QTabBar&>(*WidgetOf(Views().MainTab));
+    int meanwhile = -1;
+    Views().lstTargetFields.LostFocus = [&] { meanwhile = bar.currentIndex(); };
+    Surface().FocusFor(Views().lstTargetFields);
+    QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.tabRect(0).center());
+    EXPECT_EQ(meanwhile, 1);
+    EXPECT_EQ(bar.currentIndex(), 0);
+    EXPECT_EQ(Views().MainTab.Tab(), 0);
+}
+
 } // namespace rulemesh
