@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -15,6 +16,7 @@
 #include "host/main_window.h"
 #include "host/settings.h"
 #include "platform/temporary_folder.h"
+#include "support/mirror_watch.h"
 
 namespace rulemesh {
 
@@ -82,6 +84,7 @@ protected:
     HostDesk()
     {
         TestApplication();
+        watch.emplace();
         Put(folder / "object.xml", Lead + SmallObject);
         MakeWindow();
     }
@@ -115,6 +118,7 @@ protected:
     Settings settings{File("settings.ini")};
     DraftStore drafts{File("drafts")};
     std::unique_ptr<MainWindow> window;
+    std::optional<MirrorWatch> watch; // the first to go, while all the others are there
 };
 
 } // namespace rulemesh

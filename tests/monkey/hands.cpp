@@ -83,6 +83,8 @@ void Hands::Do(const Action& action, const std::function<void(QWidget&)>& whenBl
     clock.start(1);
     Perform(action);
     QApplication::processEvents();
+    if (QApplication::activeWindow() == nullptr)
+        stage_.Window().activateWindow(); // as a window manager does behind a box
     QApplication::processEvents();
 }
 

@@ -95,7 +95,7 @@ QString RootOf(const QByteArray& object)
     qsizetype to = from + 1;
     while (to < object.size() && !QByteArray(" \t\r\n/>").contains(object[to]))
         ++to;
-    return QString::fromUtf8(object.mid(from + 1, to - from - 1)).toLower();
+    return QString::fromUtf8(object.mid(from + 1, to - from - 1));
 }
 
 } // namespace rulemesh::monkey

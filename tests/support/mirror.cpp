@@ -26,11 +26,13 @@ QString NameOf(const QObject* object)
     return object->objectName().isEmpty() ? QLatin1String(object->metaObject()->className()) : object->objectName();
 }
 
-// Where the toolkit has the focus of the window must be where the model has it; a menu may borrow it.
+// Where the toolkit has the focus of the window must be where the model has it, once keys come to the window; a menu
+// may borrow it.
 void CompareFocus(const ViewTree& tree, const QWidget& root, std::vector<std::string>& sentences)
 {
     const QWidget* holder = root.window()->focusWidget();
-    if (qobject_cast<const QMenuBar*>(holder) != nullptr || qobject_cast<const QMenu*>(holder) != nullptr)
+    if (!root.window()->isActiveWindow() || qobject_cast<const QMenuBar*>(holder) != nullptr ||
+        qobject_cast<const QMenu*>(holder) != nullptr)
         return;
     const View* focused = tree.Focused();
     const bool onView = holder != nullptr && holder != &root && root.isAncestorOf(holder);
