@@ -5,8 +5,11 @@
 
 #include <unistd.h>
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QMessageBox>
 #include <QPointer>
+#include <QTimer>
 
 #include "monkey/hands.h"
 #include "support/mirror.h"
@@ -74,6 +77,17 @@ private:
         return popup != nullptr ? popup : QApplication::activeModalWidget();
     }
 
+    // Out of the box in front, without keeping what it holds.
+    static void Leave()
+    {
+        QWidget* const box = InFront();
+        auto* const question = qobject_cast<QMessageBox*>(box);
+        if (question != nullptr && question->button(QMessageBox::No) != nullptr)
+            question->button(QMessageBox::No)->click();
+        else if (box != nullptr)
+            box->close();
+    }
+
     // The control waits for the box; the actions go on in it until it is gone.
     void WorkBox(QWidget& waitedFor)
     {
@@ -81,8 +95,12 @@ private:
         Check(errand_.Numbers[next_ - 1]);
         while (HasMore() && box != nullptr && box->isVisible())
             Step(box);
+        // What is left can ask in its turn.
+        QTimer leaving;
+        QObject::connect(&leaving, &QTimer::timeout, &leaving, Leave);
+        leaving.start(1);
         for (int tries = 0; !HasMore() && InFront() != nullptr && tries < 20; ++tries) {
-            InFront()->close();
+            Leave();
             QApplication::processEvents();
         }
     }
