@@ -2,9 +2,10 @@
 //
 //   rulemesh_replay requests SESSION | rulemesh drive | rulemesh_replay tell SESSION
 //
-// A session file holds one request a line, as `rulemesh drive` reads them, with two liberties: a line that begins with
-// "# " is narration, and {"$file": "PATH"} in place of a value stands for the text of that file, found from the
-// session's folder.
+// A session file holds one request a line, as `rulemesh drive` reads them, with three liberties: a line that begins
+// with
+// "# " is narration, one that begins with "-> " is an answer that somebody expects and is passed over, and
+// {"$file": "PATH"} in place of a value stands for the text of that file, found from the session's folder.
 
 #include <algorithm>
 #include <filesystem>
@@ -42,10 +43,12 @@ void FillInFiles(json& value, const std::filesystem::path& folder)
             FillInFiles(below, folder);
 }
 
+bool IsAnswer(const std::string& line) { return line.starts_with("-> "); }
+
 void WriteRequests(std::istream& session, const std::filesystem::path& folder)
 {
     for (std::string line; std::getline(session, line);) {
-        if (line.empty() || line.front() == '#')
+        if (line.empty() || line.front() == '#' || IsAnswer(line))
             continue;
         json request = json::parse(line);
         FillInFiles(request, folder);
@@ -56,7 +59,7 @@ void WriteRequests(std::istream& session, const std::filesystem::path& folder)
 void Tell(std::istream& session, std::istream& answers)
 {
     for (std::string line, answer; std::getline(session, line);) {
-        if (line.empty())
+        if (line.empty() || IsAnswer(line))
             continue;
         if (line.front() == '#') {
             std::cout << '\n' << line.substr(std::min<std::size_t>(2, line.size())) << "\n\n";

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <fstream>
 #include <stdexcept>
+#include <string_view>
 
 #include "player/comparison.h"
 
@@ -10,32 +11,14 @@ namespace rulemesh::player {
 
 namespace {
 
-constexpr const char* RequestsFile = "requests.jsonl";
-constexpr const char* AnswersFile = "answers.jsonl";
-
-std::vector<Line> LoadLines(const std::filesystem::path& file)
-{
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream)
-        throw std::runtime_error("no file " + file.filename().string());
-    std::vector<Line> lines;
-    int number = 0;
-    for (std::string text; std::getline(stream, text);) {
-        ++number;
-        if (!text.empty() && text.front() != '#')
-            lines.push_back({number, text});
-    }
-    if (lines.empty())
-        throw std::runtime_error(file.filename().string() + " says nothing");
-    return lines;
-}
+constexpr std::string_view Arrow = "-> ";
 
 nlohmann::json ParsedExpectation(const Line& line)
 {
     try {
         return nlohmann::json::parse(line.text);
     } catch (const nlohmann::json::exception& error) {
-        throw std::runtime_error(std::string(AnswersFile) + ":" + std::to_string(line.number) + ": " + error.what());
+        throw std::runtime_error("line " + std::to_string(line.number) + ": " + error.what());
     }
 }
 
@@ -43,39 +26,47 @@ nlohmann::json ParsedExpectation(const Line& line)
 
 std::vector<std::filesystem::path> FindScenarios(const std::filesystem::path& top)
 {
-    const auto holdsScenario = [](const std::filesystem::path& folder) {
-        return std::filesystem::exists(folder / RequestsFile) || std::filesystem::exists(folder / AnswersFile);
-    };
-    std::vector<std::filesystem::path> folders;
-    if (holdsScenario(top))
-        folders.push_back(top);
+    if (!std::filesystem::is_directory(top))
+        return {top};
+    std::vector<std::filesystem::path> files;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(top))
-        if (entry.is_directory() && holdsScenario(entry.path()))
-            folders.push_back(entry.path());
-    std::sort(folders.begin(), folders.end());
-    return folders;
+        if (entry.path().extension() == ".session")
+            files.push_back(entry.path());
+    std::sort(files.begin(), files.end());
+    return files;
 }
 
-std::vector<Line> LoadRequests(const std::filesystem::path& folder) { return LoadLines(folder / RequestsFile); }
-
-Scenario LoadScenario(const std::filesystem::path& folder)
+std::vector<Exchange> LoadScenario(const std::filesystem::path& file)
 {
-    Scenario scenario{LoadRequests(folder), LoadLines(folder / AnswersFile)};
-    if (scenario.requests.size() != scenario.answers.size())
-        throw std::runtime_error(std::to_string(scenario.requests.size()) + " requests, but " +
-                                 std::to_string(scenario.answers.size()) + " answers");
-    return scenario;
+    std::ifstream stream(file, std::ios::binary);
+    if (!stream)
+        throw std::runtime_error("it can't be read");
+    std::vector<Exchange> exchanges;
+    int number = 0;
+    for (std::string text; std::getline(stream, text);) {
+        ++number;
+        if (text.empty() || text.front() == '#')
+            continue;
+        if (!text.starts_with(Arrow)) {
+            exchanges.push_back({{number, text}, {number, "{}"}});
+            continue;
+        }
+        if (exchanges.empty() || exchanges.back().answer.number != exchanges.back().request.number)
+            throw std::runtime_error("line " + std::to_string(number) + ": an answer without a request");
+        exchanges.back().answer = {number, text.substr(Arrow.size())};
+    }
+    if (exchanges.empty())
+        throw std::runtime_error("it says nothing");
+    return exchanges;
 }
 
-std::string Play(const Scenario& scenario, const Answerer& answer, const std::function<void()>& answered)
+std::string Play(const std::vector<Exchange>& scenario, const Answerer& answer, const std::function<void()>& answered)
 {
-    for (std::size_t at = 0; at < scenario.requests.size(); ++at) {
-        const Line& request = scenario.requests[at];
-        const nlohmann::json expected = ParsedExpectation(scenario.answers[at]);
+    for (const auto& [request, wanted] : scenario) {
+        const nlohmann::json expected = ParsedExpectation(wanted);
         const nlohmann::json actual = nlohmann::json::parse(answer(request.text), nullptr, false);
         answered();
-        const std::string place = "request " + std::to_string(at + 1) + " (" + RequestsFile + ":" +
-                                  std::to_string(request.number) + ") " + Shortened(request.text);
+        const std::string place = "line " + std::to_string(request.number) + " " + Shortened(request.text);
         try {
             if (const std::string difference = DifferenceOfAnswer(expected, actual); !difference.empty())
                 return place + "\n    " + difference;

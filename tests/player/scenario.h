@@ -7,32 +7,31 @@
 
 namespace rulemesh::player {
 
-/// One line of a scenario's file that is no comment.
+/// One line of a scenario that is no comment.
 struct Line {
     int number = 0; ///< from 1, as an editor shows it
     std::string text;
 };
 
-/// A folder with requests.jsonl and answers.jsonl, line by line; empty lines and those that begin with # are comments.
-struct Scenario {
-    std::vector<Line> requests;
-    std::vector<Line> answers;
+/// A request and the answer that is expected to it.
+struct Exchange {
+    Line request;
+    Line answer; ///< without its arrow; "{}" where the scenario gives none
 };
 
 /// Answers one request line.
 using Answerer = std::function<std::string(const std::string&)>;
 
-/// All folders below the given one (itself included) that hold a scenario's file, sorted.
+/// The scenarios at or below a place: files that end in ".session", sorted.
 [[nodiscard]] std::vector<std::filesystem::path> FindScenarios(const std::filesystem::path& top);
 
-/// Throws std::runtime_error when a file is missing or the numbers of requests and answers differ.
-[[nodiscard]] Scenario LoadScenario(const std::filesystem::path& folder);
-
-/// The requests alone, for a scenario whose answers are still to be written.
-[[nodiscard]] std::vector<Line> LoadRequests(const std::filesystem::path& folder);
+/// A line that begins with "-> " is the answer to the request above it; empty lines and those that begin with # are
+/// comments. Throws std::runtime_error when the file can't be read, has no request, or an answer without one.
+[[nodiscard]] std::vector<Exchange> LoadScenario(const std::filesystem::path& file);
 
 /// Plays the requests up to the first answer that isn't as expected, and tells it; "" when all are.
 /// `answered` is called behind each request.
-[[nodiscard]] std::string Play(const Scenario& scenario, const Answerer& answer, const std::function<void()>& answered);
+[[nodiscard]] std::string Play(const std::vector<Exchange>& scenario, const Answerer& answer,
+                               const std::function<void()>& answered);
 
 } // namespace rulemesh::player

@@ -1,7 +1,7 @@
-// Plays the scenarios below the given folders and tells which answers are not as expected.
+// Plays scenarios, one by one or all below a folder, and tells which answers are not as expected.
 //
-//   scenario_player [--window] [--jobs N] [--first] [--results FILE] FOLDER...
-//   scenario_player [--window] --answers FOLDER      prints what is answered to one scenario's requests
+//   scenario_player [--window] [--jobs N] [--first] [--results FILE] PLACE...
+//   scenario_player [--window] --answers FILE      prints what is answered to one scenario's requests
 //
 // With --window every designer has a window, and is worked by input events. With --first no scenario is begun behind
 // the first one that fails.
@@ -40,14 +40,14 @@ namespace {
 constexpr char Answered = '.';
 
 struct Running {
-    std::filesystem::path folder;
+    std::filesystem::path scenario;
     pid_t process = 0;
     int pipe = 0;
     std::string received;
 };
 
 struct Arguments {
-    std::vector<std::filesystem::path> folders;
+    std::vector<std::filesystem::path> places;
     std::size_t jobs = std::max(1U, std::thread::hardware_concurrency());
     std::string results;
     bool printAnswers = false;
@@ -93,18 +93,18 @@ template <typename Task> auto WithSession([[maybe_unused]] bool window, Task tas
     return task([&](const std::string& request) { return session.Answer(request); });
 }
 
-std::string PlayFolder(const std::filesystem::path& folder, bool window, int progress)
+std::string PlayFile(const std::filesystem::path& scenario, bool window, int progress)
 {
     try {
         return WithSession(window, [&](const Answerer& answer) {
-            return Play(LoadScenario(folder), answer, [&] { Send(progress, {&Answered, 1}); });
+            return Play(LoadScenario(scenario), answer, [&] { Send(progress, {&Answered, 1}); });
         });
     } catch (const std::exception& error) {
         return std::string("can't be played: ") + error.what();
     }
 }
 
-Running Start(const std::filesystem::path& folder, bool window)
+Running Start(const std::filesystem::path& scenario, bool window)
 {
     int ends[2];
     if (pipe(ends) != 0)
@@ -115,12 +115,12 @@ Running Start(const std::filesystem::path& folder, bool window)
         throw std::runtime_error("no process");
     if (process == 0) {
         close(ends[0]);
-        Send(ends[1], PlayFolder(folder, window, ends[1]));
+        Send(ends[1], PlayFile(scenario, window, ends[1]));
         close(ends[1]);
         std::exit(0); // not _exit: leaks and coverage are told at a process's regular end
     }
     close(ends[1]);
-    return {folder, process, ends[0], {}};
+    return {scenario, process, ends[0], {}};
 }
 
 // What the process told, "" if all went well.
@@ -149,14 +149,14 @@ bool Receive(Running& running)
 }
 
 // Plays all, some at a time, and returns the number of those that failed.
-std::size_t PlayAll(const std::vector<std::filesystem::path>& folders, const Arguments& arguments)
+std::size_t PlayAll(const std::vector<std::filesystem::path>& scenarios, const Arguments& arguments)
 {
     std::size_t failed = 0;
     std::size_t next = 0;
     std::vector<Running> running;
-    while (next < folders.size() || !running.empty()) {
-        while (running.size() < arguments.jobs && next < folders.size())
-            running.push_back(Start(folders[next++], arguments.window));
+    while (next < scenarios.size() || !running.empty()) {
+        while (running.size() < arguments.jobs && next < scenarios.size())
+            running.push_back(Start(scenarios[next++], arguments.window));
         std::vector<pollfd> ready;
         for (const Running& one : running)
             ready.push_back({one.pipe, POLLIN, 0});
@@ -166,9 +166,9 @@ std::size_t PlayAll(const std::vector<std::filesystem::path>& folders, const Arg
                 continue;
             if (const std::string told = Finish(running[at]); !told.empty()) {
                 ++failed;
-                std::cout << "FAILED " << running[at].folder.string() << "\n    " << told << '\n';
+                std::cout << "FAILED " << running[at].scenario.string() << "\n    " << told << '\n';
                 if (arguments.endsAtFirst)
-                    next = folders.size();
+                    next = scenarios.size();
             }
             running.erase(running.begin() + static_cast<std::ptrdiff_t>(at));
         }
@@ -176,11 +176,11 @@ std::size_t PlayAll(const std::vector<std::filesystem::path>& folders, const Arg
     return failed;
 }
 
-int PrintAnswers(const std::filesystem::path& folder, bool window)
+int PrintAnswers(const std::filesystem::path& scenario, bool window)
 {
     return WithSession(window, [&](const Answerer& answer) {
-        for (const Line& request : LoadRequests(folder))
-            std::cout << answer(request.text) << '\n';
+        for (const Exchange& exchange : LoadScenario(scenario))
+            std::cout << exchange.request.text << "\n-> " << answer(exchange.request.text) << '\n';
         return 0;
     });
 }
@@ -203,21 +203,21 @@ Arguments Parsed(const std::vector<std::string>& words)
         else if (words[at] == "--results" && hasValue)
             arguments.results = words[++at];
         else
-            arguments.folders.emplace_back(words[at]);
+            arguments.places.emplace_back(words[at]);
     }
-    if (arguments.folders.empty())
-        throw std::runtime_error("name a folder with scenarios");
+    if (arguments.places.empty())
+        throw std::runtime_error("name a scenario, or a folder with scenarios");
     return arguments;
 }
 
 int Run(const Arguments& arguments)
 {
     if (arguments.printAnswers)
-        return PrintAnswers(arguments.folders.front(), arguments.window);
+        return PrintAnswers(arguments.places.front(), arguments.window);
 
     std::vector<std::filesystem::path> scenarios;
-    for (const std::filesystem::path& folder : arguments.folders)
-        for (std::filesystem::path& scenario : FindScenarios(folder))
+    for (const std::filesystem::path& place : arguments.places)
+        for (std::filesystem::path& scenario : FindScenarios(place))
             scenarios.push_back(std::move(scenario));
     const std::size_t failed = PlayAll(scenarios, arguments);
     if (failed == 0 || !arguments.endsAtFirst)

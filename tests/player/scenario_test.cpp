@@ -13,20 +13,24 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
-class ScenarioFolder : public ::testing::Test {
+class ScenarioFile : public ::testing::Test {
 protected:
     void SetUp() override
     {
         top_ = std::filesystem::path(::testing::TempDir()) /
                ("rulemesh_" + std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
         std::filesystem::remove_all(top_);
-        std::filesystem::create_directories(top_ / "area" / "one");
+        std::filesystem::create_directories(top_ / "area");
     }
     void TearDown() override { std::filesystem::remove_all(top_); }
 
-    void Write(const char* file, const char* text) const { std::ofstream(One() / file) << text; }
-    [[nodiscard]] std::filesystem::path One() const { return top_ / "area" / "one"; }
     [[nodiscard]] std::filesystem::path Top() const { return top_; }
+    [[nodiscard]] std::filesystem::path Written(const char* text) const
+    {
+        const std::filesystem::path file = top_ / "area" / "claim.session";
+        std::ofstream(file) << text;
+        return file;
+    }
 
 private:
     std::filesystem::path top_;
@@ -34,60 +38,65 @@ private:
 
 std::string DoneInSilence(const std::string&) { return R"({"ok":true,"happened":[]})"; }
 
+Exchange Asked(int line, const char* request, const char* answer) { return {{line, request}, {line + 1, answer}}; }
+
 } // namespace
 
-TEST_F(ScenarioFolder, IsFoundByEitherFile)
+TEST_F(ScenarioFile, IsFoundByItsEnding)
 {
     EXPECT_THAT(FindScenarios(Top()), ElementsAre());
-    Write("answers.jsonl", "{}\n");
-    EXPECT_THAT(FindScenarios(Top()), ElementsAre(One()));
-    EXPECT_THROW((void)LoadScenario(One()), std::runtime_error);
+    std::ofstream(Top() / "area" / "README.md") << "no scenario\n";
+    const std::filesystem::path file = Written("{}\n");
+    EXPECT_THAT(FindScenarios(Top()), ElementsAre(file));
+    EXPECT_THAT(FindScenarios(file), ElementsAre(file));
 }
 
-TEST_F(ScenarioFolder, MayHoldCommentsAnywhere)
+TEST_F(ScenarioFile, HoldsEachAnswerBelowItsRequest)
 {
-    Write("requests.jsonl", "# what is shown\n{\"do\":\"create\"}\n\n{\"do\":\"xml\"}\n");
-    Write("answers.jsonl", "{}\n# the text\n{}");
-    const Scenario scenario = LoadScenario(One());
-    ASSERT_EQ(scenario.requests.size(), 2U);
-    EXPECT_EQ(scenario.requests[1].text, "{\"do\":\"xml\"}");
-    EXPECT_EQ(scenario.requests[1].number, 4);
-    EXPECT_EQ(scenario.answers.size(), 2U);
+    const std::vector<Exchange> exchanges = LoadScenario(
+        Written("# what is shown\n{\"do\":\"create\"}\n\n{\"do\":\"xml\"}\n# the text\n-> {\"value\":\"\"}\n"));
+    ASSERT_EQ(exchanges.size(), 2U);
+    EXPECT_EQ(exchanges[0].answer.text, "{}");
+    EXPECT_EQ(exchanges[1].request.text, "{\"do\":\"xml\"}");
+    EXPECT_EQ(exchanges[1].request.number, 4);
+    EXPECT_EQ(exchanges[1].answer.text, "{\"value\":\"\"}");
+    EXPECT_EQ(exchanges[1].answer.number, 6);
 }
 
-TEST_F(ScenarioFolder, NeedsAnAnswerForEachRequest)
+TEST_F(ScenarioFile, HasNoAnswerWithoutARequest)
 {
-    Write("requests.jsonl", "{\"do\":\"create\"}\n{\"do\":\"xml\"}\n");
-    Write("answers.jsonl", "{}\n");
-    EXPECT_THROW((void)LoadScenario(One()), std::runtime_error);
+    EXPECT_THROW((void)LoadScenario(Written("-> {}\n{\"do\":\"create\"}\n")), std::runtime_error);
+    EXPECT_THROW((void)LoadScenario(Written("{\"do\":\"create\"}\n-> {}\n-> {}\n")), std::runtime_error);
 }
+
+TEST_F(ScenarioFile, SaysSomething) { EXPECT_THROW((void)LoadScenario(Written("# nothing\n")), std::runtime_error); }
 
 TEST(Play, StopsAtTheFirstWrongAnswer)
 {
-    const Scenario scenario{{{1, "a"}, {3, "b"}, {4, "c"}}, {{1, "{}"}, {2, R"({"ok":false})"}, {3, "{}"}}};
+    const std::vector<Exchange> scenario{Asked(1, "a", "{}"), Asked(3, "b", R"({"ok":false})"), Asked(5, "c", "{}")};
     int answered = 0;
     const std::string told = Play(scenario, DoneInSilence, [&] { ++answered; });
     EXPECT_EQ(answered, 2);
-    EXPECT_THAT(told, HasSubstr("request 2 (requests.jsonl:3) b"));
+    EXPECT_THAT(told, HasSubstr("line 3 b"));
     EXPECT_THAT(told, HasSubstr("/ok: expected false, got true"));
 }
 
 TEST(Play, SaysNothingWhenAllIsWell)
 {
-    EXPECT_EQ(Play({{{1, "a"}}, {{1, "{}"}}}, DoneInSilence, [] {}), "");
+    EXPECT_EQ(Play({Asked(1, "a", "{}")}, DoneInSilence, [] {}), "");
 }
 
 TEST(Play, FailsForAnAnswerThatIsNoJson)
 {
     EXPECT_NE(Play(
-                  {{{1, "a"}}, {{1, "{}"}}}, [](const std::string&) { return std::string("?"); }, [] {}),
+                  {Asked(1, "a", "{}")}, [](const std::string&) { return std::string("?"); }, [] {}),
               "");
 }
 
 TEST(Play, FailsForAMalformedExpectation)
 {
-    EXPECT_THAT(Play({{{1, "a"}}, {{1, R"({"hapened":[]})"}}}, DoneInSilence, [] {}), HasSubstr("malformed"));
-    EXPECT_THROW((void)Play({{{1, "a"}}, {{1, "{"}}}, DoneInSilence, [] {}), std::runtime_error);
+    EXPECT_THAT(Play({Asked(1, "a", R"({"hapened":[]})")}, DoneInSilence, [] {}), HasSubstr("malformed"));
+    EXPECT_THROW((void)Play({Asked(1, "a", "{")}, DoneInSilence, [] {}), std::runtime_error);
 }
 
 } // namespace rulemesh::player
