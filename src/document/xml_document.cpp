@@ -5,6 +5,7 @@
 #include "base/failure.h"
 #include "document/xml_characters.h"
 #include "document/xml_paths.h"
+#include "document/xml_saved_nodes.h"
 #include "document/xml_store.h"
 #include "document/xml_transcode.h"
 #include "document/xml_writer.h"
@@ -31,7 +32,12 @@ bool XmlDocument::Load(std::string utf8)
 {
     auto loading = std::make_unique<xml::Store>();
     const bool loaded = loading->Load(std::move(utf8));
-    store_ = loaded ? std::move(loading) : std::make_unique<xml::Store>();
+    if (!loaded)
+        loading = std::make_unique<xml::Store>();
+    if (keepsEdits_)
+        loading->KeepEdits();
+    store_ = std::move(loading);
+    ++load_;
     return loaded;
 }
 
@@ -84,6 +90,28 @@ XmlNode XmlDocument::createNode(TextView name)
         throw Failure(FailureCode::InvalidProcedureCall, Quoted(name) + u" can't be the name of an element");
     return {this, store_->Create(*utf8)};
 }
+
+void XmlDocument::KeepEdits()
+{
+    store_->KeepEdits();
+    keepsEdits_ = true;
+}
+
+DocumentEdits XmlDocument::TakeEdits() { return DocumentEdits(store_->TakeEdits()); }
+
+void XmlDocument::TakeBack(DocumentEdits& edits) noexcept
+{
+    if (edits.saved_)
+        store_->TakeBack(*edits.saved_);
+}
+
+void XmlDocument::DoAgain(DocumentEdits& edits) noexcept
+{
+    if (edits.saved_)
+        store_->DoAgain(*edits.saved_);
+}
+
+bool XmlDocument::ChangeText(DocumentEdits& edits) { return !edits.IsEmpty() && store_->ChangeText(*edits.saved_); }
 
 std::vector<XmlNode> XmlDocument::Nodes(const std::vector<std::uint32_t>& indexes) const
 {

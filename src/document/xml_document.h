@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "base/text.h"
+#include "document/xml_journal.h"
 
 namespace rulemesh {
 
@@ -82,10 +83,7 @@ public:
 
 private:
     friend class XmlDocument;
-    XmlNode(const XmlDocument* document, std::uint32_t index) noexcept
-        : document_(index == 0 ? nullptr : document), index_(index)
-    {
-    }
+    XmlNode(const XmlDocument* document, std::uint32_t index) noexcept;
 
     /// What a node is called on; raises ObjectVariableNotSet for the null handle and, in the second, for what is no
     /// element.
@@ -98,6 +96,7 @@ private:
 
     const XmlDocument* document_ = nullptr;
     std::uint32_t index_ = 0;
+    std::uint32_t load_ = 0; // of the document when the handle was made: it names nothing behind another one
 };
 
 /// The one store of a mapping object: an XML text that was checked whole and is kept as it came.
@@ -147,12 +146,28 @@ public:
     /// XML name.
     [[nodiscard]] XmlNode createNode(TextView name);
 
+    /// From now on, whatever is loaded, edits can be taken back.
+    void KeepEdits();
+
+    /// The edits since the last call, or since the last load.
+    [[nodiscard]] DocumentEdits TakeEdits();
+
+    /// Takes back the edits that were made last; every byte of the text is then as it was before them. Done again they
+    /// are what they were. Nothing may have been loaded since they were made.
+    void TakeBack(DocumentEdits& edits) noexcept;
+    void DoAgain(DocumentEdits& edits) noexcept;
+
+    /// Whether the text differs from what it was before these edits, which were made last.
+    [[nodiscard]] bool ChangeText(DocumentEdits& edits);
+
 private:
     friend class XmlNode;
     bool Load(std::string utf8);
     [[nodiscard]] std::vector<XmlNode> Nodes(const std::vector<std::uint32_t>& indexes) const;
 
     std::unique_ptr<xml::Store> store_;
+    std::uint32_t load_ = 0; // counts the loads
+    bool keepsEdits_ = false;
 };
 
 } // namespace rulemesh

@@ -1,4 +1,3 @@
-#include <new>
 #include <utility>
 
 #include "document/xml_making.h"
@@ -21,6 +20,10 @@ NodeIndex Store::Create(std::string_view name)
 void Store::Append(NodeIndex parent, NodeIndex child)
 {
     static_cast<void>(FirstChild(parent)); // those of the text come first
+    TouchPlace(child);
+    Touch(parent);
+    Touch(At(parent).last);
+    TouchWayUp(parent);
     MakeRoomForRemovals(At(child).parent, 1);
     TakeOut(child);
     NodeAt(child).slot = nextSlot_++;
@@ -31,12 +34,15 @@ void Store::Append(NodeIndex parent, NodeIndex child)
 
 void Store::Remove(NodeIndex child)
 {
+    TouchPlace(child);
     MakeRoomForRemovals(At(child).parent, 1);
     TakeOut(child);
 }
 
 void Store::Replace(NodeIndex newChild, NodeIndex oldChild)
 {
+    TouchPlace(newChild);
+    TouchPlace(oldChild);
     MakeRoomForRemovals(At(oldChild).parent, 2); // the new one may stand there too
     MakeRoomForRemovals(At(newChild).parent, 2);
     TakeOut(newChild);
@@ -93,6 +99,10 @@ void Store::Empty(NodeIndex node) { ReplaceContent(node, Content::Rewritten, {},
 
 void Store::ReplaceContent(NodeIndex node, Content content, std::string text, CarriageReturns returns)
 {
+    Touch(node);
+    TouchWayUp(node);
+    for (NodeIndex child = At(node).first; child != NoNode; child = At(child).next)
+        Touch(child);
     Details& details = MakeDetails(node);
     DetachChildren(node);
     details.content = content;
@@ -119,6 +129,8 @@ bool Store::HasLoadedContent(NodeIndex node) const noexcept
 void Store::SetAttribute(NodeIndex node, std::string_view name, std::string value)
 {
     const NameId id = names_.AddCopy(name);
+    Touch(node);
+    TouchWayUp(At(node).parent);
     AttributeList& attributes = MakeAttributes(node);
     // The index asks the document before it believes an entry, so it may hear of a value that is not there yet.
     TellIndex(At(node).parent, [&](ChildIndex& index) { index.ValueChanged(node, id, value); });
@@ -222,19 +234,6 @@ void Store::MarkEdited(NodeIndex node) noexcept
 {
     for (; node != NoNode && !At(node).isEdited; node = At(node).parent)
         NodeAt(node).isEdited = true;
-}
-
-// An index that lacks the memory to take it in is dropped; the next look-up makes it anew.
-template <typename Tell> void Store::TellIndex(NodeIndex parent, Tell tell) noexcept
-{
-    Details* const holder = details_[At(parent).details].get();
-    if (holder == nullptr || !holder->index)
-        return;
-    try {
-        tell(*holder->index);
-    } catch (const std::bad_alloc&) {
-        holder->index = nullptr;
-    }
 }
 
 } // namespace rulemesh::xml

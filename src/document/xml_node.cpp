@@ -30,9 +30,14 @@ bool Holds(Store& store, NodeIndex holder, NodeIndex node)
 
 } // namespace
 
+XmlNode::XmlNode(const XmlDocument* document, std::uint32_t index) noexcept
+    : document_(index == 0 ? nullptr : document), index_(index), load_(index == 0 ? 0 : document->load_)
+{
+}
+
 Store& XmlNode::StoreOf() const
 {
-    if (document_ == nullptr || index_ >= document_->store_->NodeCount())
+    if (document_ == nullptr || load_ != document_->load_ || index_ >= document_->store_->NodeCount())
         throw Failure(FailureCode::ObjectVariableNotSet, u"The object has no such element");
     return *document_->store_;
 }

@@ -8,6 +8,7 @@
 #include "document/xml_decode.h"
 #include "document/xml_large_elements.h"
 #include "document/xml_making.h"
+#include "document/xml_saved_nodes.h"
 #include "document/xml_scan.h"
 
 namespace rulemesh::xml {

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <new>
 #include <optional>
 #include <span>
 #include <string>
@@ -20,6 +21,9 @@
 namespace rulemesh::xml {
 
 inline constexpr NodeIndex NoNode = 0;
+
+struct SavedNode;
+struct SavedNodes;
 
 /// A node that somebody has reached. It knows its stretch of the loaded text; its children get nodes of their own when
 /// they are first asked for.
@@ -38,6 +42,7 @@ struct Node {
     std::uint32_t childCount = 0;
     NameId name = NoName;
     std::uint32_t details = 0; // see Store::DetailsOf
+    std::uint32_t savedIn = 0; // the edition of the journal that has this record as it was
 
     bool isElement = true;
     bool hasChildNodes = false; // the children have their nodes
@@ -123,6 +128,19 @@ public:
                         const std::function<void(std::size_t name, const std::string& value)>& take);
     void SetAttribute(NodeIndex node, std::string_view name, std::string value);
 
+    /// From now on the records that edits touch are kept as they were.
+    void KeepEdits();
+
+    /// The records that were touched since the last call.
+    [[nodiscard]] std::unique_ptr<SavedNodes> TakeEdits();
+
+    /// Takes back the edits that were made last, and does again what was taken back last.
+    void TakeBack(SavedNodes& edits) noexcept;
+    void DoAgain(SavedNodes& edits) noexcept;
+
+    /// Whether the document's text differs from what it was before these edits, which were made last.
+    [[nodiscard]] bool ChangeText(SavedNodes& edits);
+
     /// Null when the node has none.
     [[nodiscard]] const Details* DetailsOf(NodeIndex node) const noexcept;
     [[nodiscard]] Parts PartsOf(NodeIndex node) const noexcept;
@@ -154,7 +172,25 @@ private:
     void Unlink(NodeIndex child) noexcept;
     void DetachChildren(NodeIndex parent) noexcept;
     void MarkEdited(NodeIndex node) noexcept;
-    template <typename Tell> void TellIndex(NodeIndex parent, Tell tell) noexcept;
+    template <typename Tell> void TellIndex(NodeIndex parent, Tell tell) noexcept
+    {
+        Details* const holder = details_[At(parent).details].get();
+        if (holder == nullptr || !holder->index)
+            return;
+        // An index that lacks the memory to take it in is dropped; the next look-up makes it anew.
+        try {
+            tell(*holder->index);
+        } catch (const std::bad_alloc&) {
+            holder->index = nullptr;
+        }
+    }
+
+    void Touch(NodeIndex node);
+    void TouchPlace(NodeIndex child);
+    void TouchWayUp(NodeIndex node);
+    void Swap(SavedNode& saved) noexcept;
+    void TellIndexes(const SavedNodes& edits) noexcept;
+    [[nodiscard]] bool IsAttached(NodeIndex node) const noexcept;
     void ReplaceContent(NodeIndex node, Content content, std::string text, CarriageReturns returns);
     [[nodiscard]] bool HasLoadedContent(NodeIndex node) const noexcept;
 
@@ -168,6 +204,9 @@ private:
     NodeIndex root_ = NoNode;
     NodeIndex first_ = NoNode;
     std::size_t nextSlot_ = 0;
+    bool keepsEdits_ = false;
+    std::uint32_t edition_ = 1;
+    std::unique_ptr<SavedNodes> saved_;
 };
 
 } // namespace rulemesh::xml

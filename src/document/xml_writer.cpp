@@ -82,6 +82,8 @@ public:
     void Loaded(Slice slice) { output_.append(store_.Loaded().substr(slice.start, slice.Length())); }
 
     [[nodiscard]] std::string Document();
+    [[nodiscard]] std::string Element(NodeIndex element);
+    [[nodiscard]] std::string Head(NodeIndex element);
 
 private:
     void StartTag(NodeIndex node, bool isEmptyTag);
@@ -109,6 +111,20 @@ std::string Writer::Document()
     output_.append(loaded.substr(0, place.start));
     Walk(store_, *this).From(root);
     output_.append(loaded.substr(place.end));
+    return std::move(output_);
+}
+
+std::string Writer::Element(NodeIndex element)
+{
+    Walk(store_, *this).From(element);
+    return std::move(output_);
+}
+
+std::string Writer::Head(NodeIndex element)
+{
+    StartTag(element, false);
+    if (const Details* const details = store_.DetailsOf(element))
+        WrittenText(*details);
     return std::move(output_);
 }
 
@@ -243,5 +259,9 @@ std::string_view Writer::LineEnd()
 } // namespace
 
 std::string Write(Store& store) { return Writer(store).Document(); }
+
+std::string WriteElement(Store& store, NodeIndex element) { return Writer(store).Element(element); }
+
+std::string WriteHead(Store& store, NodeIndex element) { return Writer(store).Head(element); }
 
 } // namespace rulemesh::xml
