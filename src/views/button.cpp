@@ -6,8 +6,26 @@
 
 namespace rulemesh {
 
+namespace {
+
+// The caption as a menu names the step: without access key and dots.
+Text StepName(TextView StrCaption)
+{
+    Text StrName;
+    for (const char16_t character : StrCaption) {
+        if (character != u'&')
+            StrName += character;
+    }
+    StrName.resize(StrName.find_last_not_of(u'.') + 1);
+    return StrName;
+}
+
+} // namespace
+
 void Button::UserClicks()
 {
+    const ActionScope action(Tree().Acting,
+                             {LooksAround() ? Action::Kind::Move : Action::Kind::Step, StepName(Caption())});
     if (!Tree().MoveFocus(*this))
         return;
 
@@ -28,6 +46,12 @@ void Button::UserClicks()
         const View* outer_;
     };
     const ClickGuard guard(Tree(), *this);
+    Run(Click);
+}
+
+void PictureButton::UserClicks()
+{
+    const ActionScope action(Tree().Acting, {Action::Kind::Move});
     Run(Click);
 }
 

@@ -19,6 +19,10 @@ public:
         Changed();
     }
 
+protected:
+    [[nodiscard]] std::unique_ptr<ViewValues> CopyOwnValues() const override { return CopyOf(std::tie(caption_)); }
+    void PutOwnValuesBack(const ViewValues& values) override { PutBack(values, std::tie(caption_)); }
+
 private:
     Text caption_;
 };
@@ -69,9 +73,13 @@ public:
         Changed();
     }
 
-    void UserClicks() { Run(Click); }
+    void UserClicks();
 
     Slot Click;
+
+protected:
+    [[nodiscard]] std::unique_ptr<ViewValues> CopyOwnValues() const override { return CopyOf(std::tie(image_)); }
+    void PutOwnValuesBack(const ViewValues& values) override { PutBack(values, std::tie(image_)); }
 
 private:
     Picture image_ = Picture::ImgMax;

@@ -81,14 +81,18 @@ struct DesignerViews {
         {.Name = u"CmdMqEditor", .Parent = &FrmCondition, .Place = {3120, 6840, 975, 315}, .Caption = u"Edit&or"}};
     Button CmdMQDoc{
         Tree, {.Name = u"CmdMQDoc", .Parent = &FrmCondition, .Place = {4320, 6840, 975, 315}, .Caption = u"Te&xt"}};
-    Button CmdFunction{
-        Tree,
-        {.Name = u"CmdFunction", .Parent = &FrmCondition, .Place = {5400, 6840, 975, 315}, .Caption = u"F&unctions"}};
+    Button CmdFunction{Tree,
+                       {.Name = u"CmdFunction",
+                        .Parent = &FrmCondition,
+                        .Place = {5400, 6840, 975, 315},
+                        .Caption = u"F&unctions",
+                        .LooksAround = true}};
     Button CmdVariables{Tree,
                         {.Name = u"CmdVariables",
                          .Parent = &FrmCondition,
                          .Place = {6360, 6840, 1935, 315},
-                         .Caption = u"Variable&s / Includes"}};
+                         .Caption = u"Variable&s / Includes",
+                         .LooksAround = true}};
     Button CmdOk{Tree,
                  {.Name = u"CmdOk",
                   .Parent = &FrmCondition,
@@ -106,7 +110,8 @@ struct DesignerViews {
                           .Parent = &FrmCondition,
                           .Place = {10320, 6840, 855, 315},
                           .Caption = u"Edito&r",
-                          .Visible = false}};
+                          .Visible = false,
+                          .Floats = true}};
     SyntaxBox txtFunctions{
         Tree, {.Name = u"txtFunctions", .Parent = &FrmCondition, .Place = {7560, 2640, 1095, 375}, .Visible = false}};
     SyntaxBox txtVariables{
@@ -221,8 +226,9 @@ struct DesignerViews {
     Grid RulesGrid{Tree,
                    {.Name = u"RulesGrid", .Parent = &Details, .Place = {120, 240, 10935, 3075}, .Type = SansSerif},
                    {1700, 9085}};
-    TextBox txtgrdline{Tree,
-                       {.Name = u"txtgrdline", .Parent = &Details, .Place = {10440, 120, 615, 285}, .Visible = false}};
+    TextBox txtgrdline{
+        Tree,
+        {.Name = u"txtgrdline", .Parent = &Details, .Place = {10440, 120, 615, 285}, .Visible = false, .Floats = true}};
 };
 
 } // namespace rulemesh

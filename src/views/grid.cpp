@@ -70,8 +70,20 @@ void Grid::TextMatrix(int row, int col, rulemesh::Text text)
 {
     if (!Has(row, col))
         RaiseNoCell(FailureCode::InvalidPropertyArrayIndex, row, col);
-    rows_[static_cast<std::size_t>(row)][static_cast<std::size_t>(col)] = std::move(text);
+    rows_.Change(static_cast<std::size_t>(row))[static_cast<std::size_t>(col)] = std::move(text);
     Changed();
+}
+
+// A grid is often filled anew with what it held: such rows are shared with those that were taken before.
+std::unique_ptr<ViewValues> Grid::CopyOwnValues() const
+{
+    const auto same = [](const Cells& cells, const Cells& former) { return cells == former; };
+    const auto bytes = [](const Cells& cells) {
+        return (cells[0].capacity() + cells[1].capacity()) * sizeof(char16_t);
+    };
+    const std::size_t alone = rows_.ShareWith(taken_, same, bytes);
+    taken_ = rows_;
+    return CopyOf(std::tie(rows_, row_, col_, topRow_), alone);
 }
 
 int Grid::TopRowFor(int row) const noexcept { return std::clamp(row, 0, std::max(Rows() - 1, 0)); }
@@ -108,6 +120,7 @@ Placement Grid::CurrentCell() const noexcept
 
 void Grid::UserClicksCell(int row, int col, Clicks clicks)
 {
+    const ActionScope action(Tree().Acting, {Action::Kind::Move});
     if (!Tree().MoveFocus(*this) || !RowIsVisible(row))
         return;
     MakeCurrent(row, col);
@@ -117,14 +130,22 @@ void Grid::UserClicksCell(int row, int col, Clicks clicks)
         Run(DblClick);
 }
 
+Action Grid::ActionOf(std::int16_t KeyAscii, const Grid& grid)
+{
+    const bool types = KeyAscii < 0 || KeyAscii > u' ';
+    return {types ? Action::Kind::Typing : Action::Kind::Key, u"Typing", &grid};
+}
+
 void Grid::UserPresses(std::int16_t KeyAscii)
 {
+    const ActionScope action(Tree().Acting, ActionOf(KeyAscii, *this));
     if (Tree().MoveFocus(*this))
         Run(KeyPress, KeyAscii);
 }
 
 void Grid::UserTypes(TextView text)
 {
+    const ActionScope action(Tree().Acting, {Action::Kind::Typing, u"Typing", this});
     if (text.empty())
         return;
     UserPresses(static_cast<std::int16_t>(text.front()));
@@ -138,6 +159,7 @@ void Grid::UserTypes(TextView text)
 
 void Grid::UserMovesTo(int row, int col)
 {
+    const ActionScope action(Tree().Acting, {Action::Kind::Move});
     if (!Tree().MoveFocus(*this) || Rows() == 0)
         return;
     MakeCurrent(std::clamp(row, 0, Rows() - 1), col);
@@ -154,6 +176,7 @@ void Grid::UserScrollsToShow(int row)
 
 void Grid::UserScrolls(int top)
 {
+    const ActionScope action(Tree().Acting, {Action::Kind::Move});
     const int row = TopRowFor(top);
     if (row == topRow_)
         return;

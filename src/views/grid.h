@@ -2,9 +2,10 @@
 
 #include <array>
 #include <functional>
-#include <vector>
 
 #include "base/failure.h"
+#include "views/actions.h"
+#include "views/shared_rows.h"
 #include "views/view.h"
 
 namespace rulemesh {
@@ -63,6 +64,10 @@ public:
     enum class Clicks { Single, Double, Second };
     void UserClicksCell(int row, int col, Clicks clicks);
 
+    /// What the pressing of a key is that opens a cell: of a character typing; a blank and the keys below it open the
+    /// cell as it is.
+    [[nodiscard]] static Action ActionOf(std::int16_t KeyAscii, const Grid& grid);
+
     /// A character key in the grid.
     void UserPresses(std::int16_t KeyAscii);
 
@@ -79,6 +84,9 @@ public:
     /// The user scrolls just as far as brings a row into sight.
     void UserScrollsToShow(int row);
 
+    /// The cells as they are now; a later change leaves them as they are.
+    [[nodiscard]] const SharedRows<Cells>& AllCells() const noexcept { return rows_; }
+
     Slot Click;
     Slot DblClick;
     Slot LeaveCell;
@@ -86,13 +94,18 @@ public:
     Slot Scroll;
     std::function<void(std::int16_t KeyAscii)> KeyPress;
 
+protected:
+    [[nodiscard]] std::unique_ptr<ViewValues> CopyOwnValues() const override;
+    void PutOwnValuesBack(const ViewValues& values) override { PutBack(values, std::tie(rows_, row_, col_, topRow_)); }
+
 private:
     [[noreturn]] void RaiseNoCell(FailureCode code, int row, int col) const;
     [[nodiscard]] bool Has(int row, int col) const noexcept;
     [[nodiscard]] int TopRowFor(int row) const noexcept;
     void MakeCurrent(int row, int col);
 
-    std::vector<Cells> rows_;
+    mutable SharedRows<Cells> rows_;
+    mutable SharedRows<Cells> taken_; // as they were when their values were asked for last
     std::array<int, ColumnCount> widths_;
     int row_ = 0;
     int col_ = 0;

@@ -13,7 +13,7 @@ namespace rulemesh {
 TextView ListView::Row::TextAt(int position) const noexcept
 {
     const auto index = static_cast<std::size_t>(position);
-    return index < Texts.size() ? TextView(Texts[index]) : TextView();
+    return index < Texts->size() ? TextView((*Texts)[index]) : TextView();
 }
 
 ListView::ListView(ViewTree& tree, const ViewDesign& view, Design design)
@@ -91,7 +91,7 @@ void ListView::Clear()
 
 void ListView::Add(std::vector<Text> texts)
 {
-    rows_.push_back({.Texts = std::move(texts)});
+    rows_.push_back({.Texts = std::make_shared<const std::vector<Text>>(std::move(texts))});
     RowsChanged();
 }
 
@@ -100,7 +100,7 @@ void ListView::Insert(int row, std::vector<Text> texts)
     if (row < 1 || row > Count() + 1)
         RaiseNoRow(row);
     const auto at = static_cast<std::size_t>(row) - 1;
-    rows_.insert(rows_.begin() + (row - 1), {.Texts = std::move(texts)});
+    rows_.insert(at, {.Texts = std::make_shared<const std::vector<Text>>(std::move(texts))});
     for (std::optional<std::size_t>* kept : {&current_, &anchor_}) {
         if (*kept >= at)
             ++**kept;
@@ -111,7 +111,7 @@ void ListView::Insert(int row, std::vector<Text> texts)
 void ListView::Remove(int row)
 {
     const std::size_t index = IndexOf(row);
-    rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(index));
+    rows_.erase(index);
     for (std::optional<std::size_t>* kept : {&current_, &anchor_}) {
         if (*kept == index)
             kept->reset();
@@ -133,11 +133,17 @@ int ListView::SelectedRow() const
 
 void ListView::SelectOnly(std::size_t index)
 {
-    for (Row& row : rows_)
-        row.Selected = false;
-    rows_[index].Selected = true;
+    for (std::size_t row = 0; row < rows_.size(); ++row)
+        SetSelected(row, row == index);
     current_ = anchor_ = index;
     Changed();
+}
+
+// A row that stays as it is goes on being shared.
+void ListView::SetSelected(std::size_t index, bool selected)
+{
+    if (rows_[index].Selected != selected)
+        rows_.Change(index).Selected = selected;
 }
 
 void ListView::Select(int row, bool selected)
@@ -146,13 +152,15 @@ void ListView::Select(int row, bool selected)
     if (selected && design_.Select == Selection::Single)
         SelectOnly(index);
     else
-        rows_[index].Selected = selected;
+        SetSelected(index, selected);
     Changed();
 }
 
 void ListView::Check(int row, bool checked)
 {
-    rows_[IndexOf(row)].Checked = checked;
+    const std::size_t index = IndexOf(row);
+    if (rows_[index].Checked != checked)
+        rows_.Change(index).Checked = checked;
     Changed();
 }
 
@@ -178,6 +186,31 @@ void ListView::SortKey(int position)
 void ListView::SortOrder(Order order)
 {
     order_ = order;
+    RowsChanged();
+}
+
+// A list is often filled anew with what it held: such rows are shared with those that were taken before.
+std::unique_ptr<ViewValues> ListView::CopyOwnValues() const
+{
+    const auto share = [](Row& row, const Row& former) {
+        if (row.Texts != former.Texts && *row.Texts == *former.Texts)
+            row.Texts = former.Texts;
+        return row.Texts == former.Texts && row.Selected == former.Selected && row.Checked == former.Checked;
+    };
+    const auto bytes = [](const Row& row) {
+        std::size_t held = 0;
+        for (const Text& text : *row.Texts)
+            held += sizeof text + text.capacity() * sizeof(char16_t);
+        return held;
+    };
+    const std::size_t alone = rows_.ShareWith(taken_, share, bytes);
+    taken_ = rows_;
+    return CopyOf(std::tie(rows_, current_, anchor_, order_, design_.Sorted, design_.SortKey), alone);
+}
+
+void ListView::PutOwnValuesBack(const ViewValues& values)
+{
+    PutBack(values, std::tie(rows_, current_, anchor_, order_, design_.Sorted, design_.SortKey));
     RowsChanged();
 }
 

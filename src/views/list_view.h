@@ -2,10 +2,12 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <utility>
 #include <vector>
 
+#include "views/shared_rows.h"
 #include "views/view.h"
 
 namespace rulemesh {
@@ -37,7 +39,7 @@ public:
     };
 
     struct Row {
-        std::vector<Text> Texts;
+        std::shared_ptr<const std::vector<Text>> Texts; // never null
         bool Selected = false;
         bool Checked = false;
 
@@ -62,6 +64,9 @@ public:
     [[nodiscard]] const Row& At(int row) const;
 
     [[nodiscard]] Text TextAt(int row, int position) const;
+
+    /// The rows in the order in which they were added; a later change leaves these as they are.
+    [[nodiscard]] const SharedRows<Row>& AllRows() const noexcept { return rows_; }
 
     void Clear();
     void Add(std::vector<Text> texts);
@@ -118,7 +123,7 @@ public:
     [[nodiscard]] int RowBeginningWith(TextView typed, int row) const;
 
     /// The user clicks a column header; the focus stays.
-    void UserClicksHeader(int column) { Run(ColumnClick, column); }
+    void UserClicksHeader(int column);
 
     std::function<void(int row)> ItemClick;
     Slot ItemCheck;
@@ -126,18 +131,22 @@ public:
 
 protected:
     void BeforeGotFocus() override;
+    [[nodiscard]] std::unique_ptr<ViewValues> CopyOwnValues() const override;
+    void PutOwnValuesBack(const ViewValues& values) override;
 
 private:
     [[noreturn]] void RaiseNoRow(int row) const;
     [[nodiscard]] std::size_t IndexOf(int row) const;
     [[nodiscard]] int RowOf(std::size_t index) const;
     void SelectOnly(std::size_t index);
+    void SetSelected(std::size_t index, bool selected);
     void Sort() const;
     void RowsChanged();
 
     Design design_;
     Order order_ = Order::Ascending;
-    std::vector<Row> rows_;                      // as they were added
+    mutable SharedRows<Row> rows_;               // as they were added
+    mutable SharedRows<Row> taken_;              // as they were when their values were asked for last
     mutable std::vector<std::uint32_t> sorting_; // rows_ indexes in the shown order, while sortingHolds_
     mutable bool sortingHolds_ = false;
     std::optional<std::size_t> current_; // indexes in rows_

@@ -10,6 +10,7 @@ int ListView::CurrentRow() const { return current_ ? RowOf(*current_) : Selected
 
 void ListView::UserClicksRow(int row)
 {
+    const ActionScope action(Tree().Acting, {Action::Kind::Move});
     if (!Tree().MoveFocus(*this) || row > Count())
         return;
     SelectOnly(IndexOf(row));
@@ -18,6 +19,7 @@ void ListView::UserClicksRow(int row)
 
 void ListView::UserTicks(int row, bool checked)
 {
+    const ActionScope action(Tree().Acting, {Action::Kind::Move});
     if (!Tree().MoveFocus(*this) || row > Count() || At(row).Checked == checked)
         return;
     current_ = anchor_ = IndexOf(row);
@@ -27,6 +29,7 @@ void ListView::UserTicks(int row, bool checked)
 
 void ListView::UserTogglesRow(int row)
 {
+    const ActionScope action(Tree().Acting, {Action::Kind::Move});
     if (!TakesSeveral()) {
         UserClicksRow(row);
         return;
@@ -34,7 +37,7 @@ void ListView::UserTogglesRow(int row)
     if (!Tree().MoveFocus(*this) || row > Count())
         return;
     const std::size_t index = IndexOf(row);
-    rows_[index].Selected = !rows_[index].Selected;
+    SetSelected(index, !rows_[index].Selected);
     current_ = anchor_ = index;
     Changed();
     Run(ItemClick, row);
@@ -42,6 +45,7 @@ void ListView::UserTogglesRow(int row)
 
 void ListView::UserExtendsTo(int row)
 {
+    const ActionScope action(Tree().Acting, {Action::Kind::Move});
     if (!TakesSeveral()) {
         UserClicksRow(row);
         return;
@@ -55,7 +59,7 @@ void ListView::UserExtendsTo(int row)
     const int first = std::min(anchor, row);
     const int last = std::max(anchor, row);
     for (int each = 1; each <= Count(); ++each)
-        rows_[IndexOf(each)].Selected = each >= first && each <= last;
+        SetSelected(IndexOf(each), each >= first && each <= last);
     current_ = index;
     Changed();
     Run(ItemClick, row);
@@ -63,6 +67,7 @@ void ListView::UserExtendsTo(int row)
 
 void ListView::UserMovesTo(int row)
 {
+    const ActionScope action(Tree().Acting, {Action::Kind::Move});
     if (!TakesSeveral()) {
         UserClicksRow(row);
         return;
@@ -71,6 +76,12 @@ void ListView::UserMovesTo(int row)
         return;
     current_ = IndexOf(row);
     Changed();
+}
+
+void ListView::UserClicksHeader(int column)
+{
+    const ActionScope action(Tree().Acting, {Action::Kind::Move});
+    Run(ColumnClick, column);
 }
 
 int ListView::RowBeginningWith(TextView typed, int row) const

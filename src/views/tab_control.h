@@ -46,6 +46,12 @@ protected:
         return panes_[static_cast<std::size_t>(tab_)] == &child;
     }
 
+    [[nodiscard]] std::unique_ptr<ViewValues> CopyOwnValues() const override
+    {
+        return CopyOf(std::tie(tab_, tabEnabled_));
+    }
+    void PutOwnValuesBack(const ViewValues& values) override { PutBack(values, std::tie(tab_, tabEnabled_)); }
+
 private:
     std::array<TextView, TabCount> captions_;
     std::array<const View*, TabCount> panes_{};

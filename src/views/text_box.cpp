@@ -9,18 +9,23 @@ namespace rulemesh {
 
 void TextBox::Text(rulemesh::Text text)
 {
-    text_ = Kept(std::move(text));
+    text_ = std::make_shared<const rulemesh::Text>(Kept(std::move(text)));
     caret_ = 0;
     Changed();
     Run(Change);
 }
 
-void TextBox::UserTypes(rulemesh::Text text)
+void TextBox::UserTypes(rulemesh::Text text, Typing how)
 {
+    const Action::Kind kind = how == Typing::AtOnce     ? Action::Kind::Step
+                              : how == Typing::KeyByKey ? Action::Kind::Typing
+                                                        : Action::Kind::TypingAnew;
+    const ActionScope action(Tree().Acting, {kind, u"Typing", how == Typing::AtOnce ? nullptr : this});
     if (!Tree().MoveFocus(*this) || locked_)
         return;
     Text(std::move(text));
-    caret_ = text_.size();
+    caret_ = text_->size();
+    ChangedUnseen();
 }
 
 rulemesh::Text SyntaxBox::Kept(rulemesh::Text text) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <memory>
 
 #include "views/view.h"
 
@@ -11,12 +12,19 @@ class TextBox : public View {
 public:
     TextBox(ViewTree& tree, const ViewDesign& design) : TextBox(tree, ViewKind::Text, design) {}
 
-    [[nodiscard]] const rulemesh::Text& Text() const noexcept { return text_; }
+    [[nodiscard]] const rulemesh::Text& Text() const noexcept { return *text_; }
     void Text(rulemesh::Text text);
+
+    /// The text as it is now; a later change leaves it as it is.
+    [[nodiscard]] std::shared_ptr<const rulemesh::Text> SharedText() const noexcept { return text_; }
 
     /// A note of the program's own that the user doesn't see.
     [[nodiscard]] const rulemesh::Text& Tag() const noexcept { return tag_; }
-    void Tag(rulemesh::Text tag) { tag_ = std::move(tag); }
+    void Tag(rulemesh::Text tag)
+    {
+        tag_ = std::move(tag);
+        ChangedUnseen();
+    }
 
     [[nodiscard]] bool Locked() const noexcept { return locked_; }
     void Locked(bool locked)
@@ -29,7 +37,7 @@ public:
     [[nodiscard]] std::size_t SelStart() const noexcept { return caret_; }
     void SelStart(std::size_t position)
     {
-        caret_ = std::min(position, text_.size());
+        caret_ = std::min(position, text_->size());
         ++caretMoves_;
         Changed();
     }
@@ -37,8 +45,10 @@ public:
     /// Counts the times that the program placed the caret, so that a front end can tell them from the user's moves.
     [[nodiscard]] unsigned CaretMoves() const noexcept { return caretMoves_; }
 
-    /// The user replaces the whole text in one change. A locked box keeps its text.
-    void UserTypes(rulemesh::Text text);
+    /// The user replaces the whole text in one change. A locked box keeps its text. What is typed key by key goes on
+    /// with the step before, unless it begins one.
+    enum class Typing { AtOnce, KeyByKey, KeyByKeyAnew };
+    void UserTypes(rulemesh::Text text, Typing how = Typing::AtOnce);
 
     Slot Change;
 
@@ -48,8 +58,18 @@ protected:
     /// The form in which the box keeps a text.
     [[nodiscard]] virtual rulemesh::Text Kept(rulemesh::Text text) const { return text; }
 
+    [[nodiscard]] std::unique_ptr<ViewValues> CopyOwnValues() const override
+    {
+        return CopyOf(std::tie(text_, tag_, caret_, locked_), text_->size() * sizeof(char16_t));
+    }
+    void PutOwnValuesBack(const ViewValues& values) override
+    {
+        PutBack(values, std::tie(text_, tag_, caret_, locked_));
+        ++caretMoves_;
+    }
+
 private:
-    rulemesh::Text text_;
+    std::shared_ptr<const rulemesh::Text> text_ = std::make_shared<const rulemesh::Text>();
     rulemesh::Text tag_;
     std::size_t caret_ = 0;
     unsigned caretMoves_ = 0;

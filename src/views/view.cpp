@@ -22,7 +22,8 @@ int CheckedLength(int length, TextView view, TextView what)
 
 View::View(ViewTree& tree, ViewKind kind, const ViewDesign& design)
     : tree_(tree), kind_(kind), name_(design.Name), parent_(design.Parent), place_(design.Place),
-      visible_(design.Visible), toolTip_(design.ToolTip), font_(design.Type)
+      visible_(design.Visible), floats_(design.Floats), looksAround_(design.LooksAround), toolTip_(design.ToolTip),
+      font_(design.Type)
 {
     tree_.Add(*this);
 }
@@ -79,8 +80,62 @@ void View::Type(const Font& font)
 
 void View::Changed()
 {
+    ChangedUnseen();
     if (!std::exchange(changed_, true))
         tree_.NoteChange(*this);
+}
+
+namespace {
+
+// The values that all views have, with those of the kind.
+struct WholeValues : ViewValues {
+    Placement Place;
+    bool Visible = false;
+    bool Enabled = false;
+    Text ToolTip;
+    Font Type;
+    std::unique_ptr<ViewValues> Own;
+
+    [[nodiscard]] std::size_t Bytes() const noexcept override
+    {
+        return sizeof *this + ToolTip.capacity() * sizeof(char16_t) + Own->Bytes();
+    }
+};
+
+} // namespace
+
+std::shared_ptr<const ViewValues> View::Values() const
+{
+    if (!values_) {
+        auto values = std::make_shared<WholeValues>();
+        values->Place = place_;
+        values->Visible = visible_;
+        values->Enabled = enabled_;
+        values->ToolTip = toolTip_;
+        values->Type = font_;
+        values->Own = CopyOwnValues();
+        values_ = std::move(values);
+    }
+    return values_;
+}
+
+void View::Values(const std::shared_ptr<const ViewValues>& values)
+{
+    if (values == values_)
+        return;
+    const auto& whole = static_cast<const WholeValues&>(*values);
+    if (floats_)
+        place_ = whole.Place;
+    place_.Top = whole.Place.Top;
+    if (kind_ != ViewKind::Tab && kind_ != ViewKind::Frame)
+        place_.Height = whole.Place.Height;
+    visible_ = whole.Visible;
+    enabled_ = whole.Enabled;
+    toolTip_ = whole.ToolTip;
+    font_ = whole.Type;
+    PutOwnValuesBack(*whole.Own);
+    Changed();
+    values_ = values;
 }
 
 bool View::ParentsCanBeReached() const noexcept

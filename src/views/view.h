@@ -2,8 +2,10 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 
 #include "base/text.h"
+#include "views/view_values.h"
 
 namespace rulemesh {
 
@@ -47,6 +49,8 @@ struct ViewDesign {
     bool Visible = true;
     TextView ToolTip = {};
     Font Type = {};
+    bool Floats = false;      // stands where it is used: no layout pass places it
+    bool LooksAround = false; // a click on it is a move
 };
 
 /// What is common to all views: a place, flags, and a share in the focus. Nothing here knows of pixels; a front end
@@ -100,8 +104,18 @@ public:
     /// The designer's own call: does nothing for a view that can't be reached.
     void SetFocus();
 
+    /// Whether a click on the view is a move, which changes nothing that the user made.
+    [[nodiscard]] bool LooksAround() const noexcept { return looksAround_; }
+
     /// Whether the view is of a kind that takes the focus at all.
     [[nodiscard]] bool TakesFocus() const noexcept;
+
+    /// What the view shows and knows now, but for what a layout pass or a setting of the host decides: left, width and
+    /// column widths, and the colouring of scripts. Views that did not change in between give the same values.
+    [[nodiscard]] std::shared_ptr<const ViewValues> Values() const;
+
+    /// Puts values back that the view has given. Runs no handler and moves no focus; the front end is told.
+    void Values(const std::shared_ptr<const ViewValues>& values);
 
     Slot GotFocus;
     Slot LostFocus;
@@ -112,6 +126,13 @@ protected:
 
     /// Tells the front end that what the view shows is no longer what it showed; many changes are told once.
     void Changed();
+
+    /// To be called with each change of a value that the front end doesn't show; Changed() does it too.
+    void ChangedUnseen() noexcept { values_.reset(); }
+
+    /// Copies what a kind of view has of its own, and puts it back.
+    [[nodiscard]] virtual std::unique_ptr<ViewValues> CopyOwnValues() const = 0;
+    virtual void PutOwnValuesBack(const ViewValues& values) = 0;
 
     /// What the platform does by itself when the view gets the focus, before the got-focus handler.
     virtual void BeforeGotFocus() {}
@@ -131,9 +152,12 @@ private:
     Placement place_;
     bool visible_;
     bool enabled_ = true;
+    bool floats_;
+    bool looksAround_;
     Text toolTip_;
     Font font_;
-    bool changed_ = false; // told to the front end, which has not looked yet
+    bool changed_ = false;                             // told to the front end, which has not looked yet
+    mutable std::shared_ptr<const ViewValues> values_; // as they are now, once somebody has asked for them
 };
 
 /// Runs a slot that may be empty.

@@ -36,6 +36,23 @@ std::vector<View*> ViewTree::TakeChanged()
     return taken;
 }
 
+ViewTree::Moment ViewTree::Now() const
+{
+    Moment moment;
+    moment.Values.reserve(views_.size());
+    for (const View* view : views_)
+        moment.Values.push_back(view->Values());
+    moment.Focused = focused_;
+    return moment;
+}
+
+void ViewTree::PutBack(const Moment& moment)
+{
+    for (std::size_t view = 0; view < views_.size(); ++view)
+        views_[view]->Values(moment.Values[view]);
+    GiveFocusTo(moment.Focused);
+}
+
 void ViewTree::GiveFocusTo(View* view)
 {
     for (View* touched : {focused_, view}) {
@@ -57,7 +74,8 @@ bool ViewTree::MoveFocus(View& view)
         return false;
     const unsigned move = ++moves_;
     if (focused_ == &view)
-        return true;
+        return true; // runs nothing, and is no action
+    const ActionScope action(Acting, {Action::Kind::Move});
     if (focused_ != nullptr) {
         TakeFocusFrom(*focused_);
         if (moves_ != move || !view.CanBeReached())
@@ -81,6 +99,7 @@ void ViewTree::ReleaseUnreachable()
 
 void ViewTree::UserLeaves()
 {
+    const ActionScope action(Acting, {Action::Kind::Move});
     if (focused_ != nullptr)
         TakeFocusFrom(*focused_);
     if (focused_ == nullptr)
@@ -89,6 +108,9 @@ void ViewTree::UserLeaves()
 
 bool ViewTree::UserPressesKey(View& view, std::int16_t KeyCode, std::int16_t Shift)
 {
+    constexpr std::int16_t DeleteKey = 46;
+    const bool deletes = KeyCode == DeleteKey && view.Kind() == ViewKind::List;
+    const ActionScope action(Acting, {deletes ? Action::Kind::Step : Action::Kind::Key, u"Delete", &view});
     if (!MoveFocus(view))
         return false;
     const std::int16_t pressed = KeyCode;
@@ -99,6 +121,7 @@ bool ViewTree::UserPressesKey(View& view, std::int16_t KeyCode, std::int16_t Shi
 
 bool ViewTree::UserPressesKey(std::int16_t KeyCode, std::int16_t Shift)
 {
+    const ActionScope action(Acting, {Action::Kind::Move});
     const std::int16_t pressed = KeyCode;
     Run(KeyDown, KeyCode, Shift);
     return KeyCode != pressed;

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "views/actions.h"
 #include "views/view.h"
 
 namespace rulemesh {
@@ -43,6 +44,21 @@ public:
     /// A key goes down in the form while no view has the focus: only the form's handler sees it. True when it cancelled
     /// the key.
     bool UserPressesKey(std::int16_t KeyCode, std::int16_t Shift);
+
+    /// What all views show and know, and which has the focus. Costs a pointer for each view that did not change.
+    struct Moment {
+        std::vector<std::shared_ptr<const ViewValues>> Values;
+        View* Focused = nullptr;
+
+        friend bool operator==(const Moment&, const Moment&) = default;
+    };
+    [[nodiscard]] Moment Now() const;
+
+    /// Puts everything back as it was, without running a handler.
+    void PutBack(const Moment& moment);
+
+    /// What the user does to the views, from its beginning to its end.
+    Actions Acting;
 
     KeySlot KeyDown;
     Slot ExitFocus;

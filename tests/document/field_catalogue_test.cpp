@@ -27,7 +27,7 @@ protected:
     {
         list_.Clear();
         FillSourceFields(list_, Table(field));
-        return list_.At(1).Texts;
+        return *list_.At(1).Texts;
     }
 
     XmlDocument document_;
@@ -48,8 +48,8 @@ TEST_F(FieldCatalogue, SourceRowBeginsWithTheMark)
 TEST_F(FieldCatalogue, TargetRowBeginsWithAnEmptyText)
 {
     FillTargetFields(list_, Table(WholeField));
-    EXPECT_THAT(list_.At(1).Texts, ElementsAre(u"", u"*", u"007", u"tgtab001.price(1)", u"Float", u"10,2",
-                                               u"Price & more", u"Right", u"Upper", u"money", u" 0 ", u"a,b"));
+    EXPECT_THAT(*list_.At(1).Texts, ElementsAre(u"", u"*", u"007", u"tgtab001.price(1)", u"Float", u"10,2",
+                                                u"Price & more", u"Right", u"Upper", u"money", u" 0 ", u"a,b"));
 }
 
 TEST_F(FieldCatalogue, AbsentAttributesReadAsEmpty)

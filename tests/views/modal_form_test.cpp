@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/failure_of.h"
+#include "views/text_box.h"
 
 namespace rulemesh {
 namespace {
@@ -46,7 +47,7 @@ TEST(ModalForm, HasAFocusOfItsOwn)
 {
     ModalForm form;
     ModalForm behind;
-    View box(form.Tree, ViewKind::Text, {.Name = u"TxtDoc"});
+    TextBox box(form.Tree, {.Name = u"TxtDoc"});
     box.SetFocus();
     EXPECT_EQ(form.Tree.Focused(), &box);
     EXPECT_EQ(behind.Tree.Focused(), nullptr);

@@ -367,5 +367,60 @@ TEST(Lengths, LetLeftAndTopBeNegative)
     EXPECT_EQ(desk.Box.Top(), -30);
 }
 
+TEST(Moments, PutEveryKindOfViewBackWithoutAHandler)
+{
+    ViewDesk desk;
+    desk.Rows.Add({u"one", u"a"});
+    desk.Combo.AddItem(u"entry", 7);
+    desk.Cells.AddItem({u"key", u"rule"});
+    desk.Tree.MoveFocus(desk.Box);
+    const ViewTree::Moment then = desk.Tree.Now();
+    desk.Box.Text(u"typed");
+    desk.Box.Tag(u"tag");
+    desk.Press.Caption(u"pressed");
+    desk.Press.Enabled(false);
+    desk.Title.Visible(false);
+    desk.Picture.Image(PictureButton::Picture::ImgMin);
+    desk.Rows.Check(1, true);
+    desk.Rows.Add({u"two", u"b"});
+    desk.Rows.SortOrder(ListView::Order::Descending);
+    desk.Combo.ListIndex(0);
+    desk.Combo.ToolTip(u"tip");
+    desk.Cells.Text(u"other");
+    desk.Tabs.Tab(1);
+    desk.Tabs.TabEnabled(0, false);
+    static_cast<void>(desk.TakeLog());
+    desk.Tree.PutBack(then);
+    EXPECT_THAT(desk.TakeLog(), IsEmpty());
+    EXPECT_EQ(desk.Focused(), u"text");
+    EXPECT_EQ(desk.Box.Text(), u"");
+    EXPECT_EQ(desk.Box.Tag(), u"");
+    EXPECT_EQ(desk.Press.Caption(), u"");
+    EXPECT_TRUE(desk.Press.Enabled());
+    EXPECT_TRUE(desk.Title.Visible());
+    EXPECT_EQ(desk.Picture.Image(), PictureButton::Picture::ImgMax);
+    EXPECT_EQ(desk.Rows.Count(), 1);
+    EXPECT_FALSE(desk.Rows.At(1).Checked);
+    EXPECT_EQ(desk.Rows.SortOrder(), ListView::Order::Ascending);
+    EXPECT_FALSE(desk.Combo.HasSelection());
+    EXPECT_EQ(desk.Combo.ToolTip(), u"");
+    EXPECT_EQ(desk.Cells.TextMatrix(0, 0), u"key");
+    EXPECT_EQ(desk.Tabs.Tab(), 0);
+    EXPECT_TRUE(desk.Tabs.TabEnabled(0));
+    EXPECT_TRUE(desk.Tree.Now() == then);
+}
+
+TEST(Moments, ShareTheViewsThatDidNotChange)
+{
+    ViewDesk desk;
+    const ViewTree::Moment then = desk.Tree.Now();
+    desk.Box.Text(u"typed");
+    const ViewTree::Moment now = desk.Tree.Now();
+    std::size_t others = 0;
+    for (std::size_t view = 0; view < now.Values.size(); ++view)
+        others += now.Values[view] == then.Values[view] ? 1U : 0U;
+    EXPECT_EQ(others, now.Values.size() - 1);
+}
+
 } // namespace
 } // namespace rulemesh
