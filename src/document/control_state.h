@@ -41,6 +41,8 @@ struct ControlState {
     /// By dump number: the migrate table whose script named it first, and its latest comment.
     std::unordered_map<std::int16_t, Text> DumpSourceTables;
     std::unordered_map<std::int16_t, Text> DumpComments;
+
+    friend bool operator==(const ControlState&, const ControlState&) = default;
 };
 
 } // namespace rulemesh

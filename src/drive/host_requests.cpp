@@ -36,6 +36,8 @@ const std::map<std::string, Getter>& Getters()
         {"MainQuery", [](auto& control) { return JsonOf(control.MainQuery()); }},
         {"FieldMapping", [](auto& control) { return JsonOf(control.FieldMapping()); }},
         {"Syntax_Highlight", [](auto& control) { return Json(control.Syntax_Highlight()); }},
+        {"UndoText", [](auto& control) { return JsonOf(control.UndoText()); }},
+        {"RedoText", [](auto& control) { return JsonOf(control.RedoText()); }},
     };
     return getters;
 }
@@ -88,6 +90,16 @@ const std::map<std::string, Caller>& Callers()
              control.GridEdit(SmallNumberValue(args[0], "KeyAscii"));
              return Json();
          }},
+        {"Undo",
+         [](auto& control, auto& args) {
+             RequireCount(args, 0);
+             return Json(control.Undo());
+         }},
+        {"Redo",
+         [](auto& control, auto& args) {
+             RequireCount(args, 0);
+             return Json(control.Redo());
+         }},
     };
     return callers;
 }
@@ -118,6 +130,13 @@ void CheckFormStep(const Json& step)
         throw Refusal("a form has no step \"" + verb + "\"");
 }
 
+void CheckEventCall(const Json& call)
+{
+    if (!call.is_object())
+        throw Refusal("\"call\" must be an object");
+    static_cast<void>(Named(Callers(), Request(call)));
+}
+
 void CheckEventReply(const Request& request)
 {
     constexpr std::array events = {"ShowSourceTablesPopUp",   "ShowConditionBuilderPopUp", "ShowQueryBuilderPopUp",
@@ -126,6 +145,10 @@ void CheckEventReply(const Request& request)
     const std::string name = request.Word("name");
     if (std::find(events.begin(), events.end(), name) == events.end())
         throw Refusal("there is no event \"" + name + "\"");
+    if (request.Has("call"))
+        CheckEventCall(request.Member("call"));
+    if (!request.Has("let") && request.Has("call"))
+        return;
     const Json& let = request.Member("let");
     if (!let.is_object())
         throw Refusal("\"let\" must be an object");
@@ -184,6 +207,14 @@ Json CallMember(ctlRulemesh& control, const Request& request)
     if (!args.is_array())
         throw Refusal("\"args\" must be a list");
     return caller(control, args);
+}
+
+void ActInEvent(ctlRulemesh& control, const Request& reply)
+{
+    if (reply.Has("let"))
+        static_cast<void>(LetProperty(control, Request(reply.Member("let"))));
+    if (reply.Has("call"))
+        static_cast<void>(CallMember(control, Request(reply.Member("call"))));
 }
 
 Json ResizeControl(ctlRulemesh& control, const Request& request)

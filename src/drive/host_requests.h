@@ -9,6 +9,9 @@ namespace rulemesh {
 /// What a host does. Each returns the request's value, null for none.
 [[nodiscard]] Json LetProperty(ctlRulemesh& control, const Request& request);
 [[nodiscard]] Json GetProperty(ctlRulemesh& control, const Request& request);
+/// What the host does from inside of an event: sets a property, calls a member.
+void ActInEvent(ctlRulemesh& control, const Request& reply);
+
 [[nodiscard]] Json CallMember(ctlRulemesh& control, const Request& request);
 [[nodiscard]] Json ResizeControl(ctlRulemesh& control, const Request& request);
 [[nodiscard]] Json SetVisible(ctlRulemesh& control, const Request& request);

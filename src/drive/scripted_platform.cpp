@@ -121,7 +121,7 @@ void ScriptedPlatform::LayReady(const std::string& kind, const Json& reply)
     if (kind == "file")
         files_.FailNext();
     else if (kind == "event")
-        replies_["event " + reply.at("name").get<std::string>()].push_back(reply.at("let"));
+        replies_["event " + reply.at("name").get<std::string>()].push_back(reply);
     else
         replies_[kind].push_back(reply);
 }
@@ -196,9 +196,9 @@ int ScriptedPlatform::RunEditor(const Text& StrEditor, const Text& StrPath)
 void ScriptedPlatform::RaiseEvent(const std::string& name, Json args)
 {
     Report("event", {{"name", name}, {"args", std::move(args)}});
-    const Json property = NextReply("event " + name);
-    if (property.is_object())
-        let_(property);
+    const Json reply = NextReply("event " + name);
+    if (reply.is_object())
+        act_(reply);
 }
 
 void ScriptedPlatform::ShowSourceTablesPopUp(const Text& i_SourceTables)

@@ -31,10 +31,9 @@ private:
 /// reaches the host or the user is kept in a list. Replies are objects as the requests bring them.
 class ScriptedPlatform : public Platform, public ControlEvents {
 public:
-    /// `let` sets a property of the control by its name, as a host does.
+    /// `act` does what a reply to an event says, as a host does from inside of it.
     /// The hands work the forms that come up.
-    ScriptedPlatform(UserHands& hands, std::function<void(const Json& property)> let)
-        : hands_(hands), let_(std::move(let))
+    ScriptedPlatform(UserHands& hands, std::function<void(const Json& reply)> act) : hands_(hands), act_(std::move(act))
     {
     }
 
@@ -66,7 +65,7 @@ private:
     void RaiseEvent(const std::string& name, Json args);
 
     UserHands& hands_;
-    std::function<void(const Json& property)> let_;
+    std::function<void(const Json& reply)> act_;
     Json happened_ = Json::array();
     std::map<std::string, std::deque<Json>> replies_; // by kind of question; those to events by "event " and the name
     ReportedFiles files_{[this](const Text& StrFile, const Text& StrText) {

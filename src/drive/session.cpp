@@ -26,9 +26,8 @@ public:
 
 private:
     std::unique_ptr<Stage> stage_;
-    ScriptedPlatform platform_{stage_->Hands(), [this](const Json& property) {
-                                   static_cast<void>(LetProperty(stage_->Control(), Request(property)));
-                               }};
+    ScriptedPlatform platform_{stage_->Hands(),
+                               [this](const Json& reply) { ActInEvent(stage_->Control(), Request(reply)); }};
 };
 
 Json Session::Desk::Do(const Request& request)

@@ -26,6 +26,9 @@ public:
     /// A panel with text that isn't in the document yet was opened, or closed: the host blocks or frees its save.
     virtual void SaveDoneDisabled() = 0;
     virtual void SaveDoneEnabled() = 0;
+
+    /// What Undo or Redo would do is no longer what it was. Comes when the action has ended.
+    virtual void HistoryChanged() {}
 };
 
 } // namespace rulemesh

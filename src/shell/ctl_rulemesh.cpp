@@ -11,11 +11,15 @@ namespace {
 
 constexpr std::int16_t AltAlone = 4;
 
+// A property that gets another value begins a new history.
+Action::Kind BeginsUnless(bool same) { return same ? Action::Kind::Move : Action::Kind::Begin; }
+
 } // namespace
 
 ctlRulemesh::ctlRulemesh(Platform& platform, ControlEvents& events)
-    : platform_(platform), document_(XmlDocument_, state_), scanner_(document_, state_, views_, platform),
-      sourceTables_(document_, views_, events), queries_(document_, state_, views_, platform, events, scanner_),
+    : history_(XmlDocument_, state_, views_, events), platform_(platform), document_(XmlDocument_, state_),
+      scanner_(document_, state_, views_, platform), sourceTables_(document_, views_, events),
+      queries_(document_, state_, views_, platform, events, scanner_),
       preConditions_(document_, state_, views_, platform, events, scanner_, queries_, sourceTables_),
       pruning_(document_, state_, scanner_, queries_), store_(document_, state_, views_),
       dumpView_(document_, state_, views_, platform, store_), mapping_(views_, platform, store_, dumpView_),
@@ -107,9 +111,17 @@ void ctlRulemesh::WireHandlers()
     v.PicPreResize.Click = [this] { layout_.PicPreResize_Click(); };
 }
 
-void ctlRulemesh::MappingObjectXML(TextView StrXml) { AfterLoad(XmlDocument_.loadXML(StrXml)); }
+void ctlRulemesh::MappingObjectXML(TextView StrXml)
+{
+    const ActionScope action(views_.Tree.Acting, {Action::Kind::Begin});
+    AfterLoad(XmlDocument_.loadXML(StrXml));
+}
 
-void ctlRulemesh::MappingObjectXML(std::string utf8) { AfterLoad(XmlDocument_.loadXML(std::move(utf8))); }
+void ctlRulemesh::MappingObjectXML(std::string utf8)
+{
+    const ActionScope action(views_.Tree.Acting, {Action::Kind::Begin});
+    AfterLoad(XmlDocument_.loadXML(std::move(utf8)));
+}
 
 void ctlRulemesh::AfterLoad(bool loaded)
 {
@@ -121,6 +133,7 @@ Text ctlRulemesh::MappingObjectXML() { return FromUtf8(MappingObjectXmlUtf8()); 
 
 std::string ctlRulemesh::MappingObjectXmlUtf8()
 {
+    const ActionScope action(views_.Tree.Acting, {Action::Kind::Step, u"Save"});
     preConditions_.SavePreCondition();
     queries_.SaveMainQuery();
     if (views_.CmbDump.HasSelection())
@@ -145,12 +158,15 @@ void ctlRulemesh::LeaveCopyFile(const std::string& StrXml)
 
 void ctlRulemesh::TargetTable(TextView StrTable)
 {
-    state_.StrTargetTable = StrTable.substr(0, TableCodeLength);
-    state_.StrTargetTable.resize(TableCodeLength, u' ');
+    Text StrCode(StrTable.substr(0, TableCodeLength));
+    StrCode.resize(TableCodeLength, u' ');
+    const ActionScope action(views_.Tree.Acting, {BeginsUnless(StrCode == state_.StrTargetTable)});
+    state_.StrTargetTable = std::move(StrCode);
 }
 
 void ctlRulemesh::Edit(bool BoolEdit)
 {
+    const ActionScope action(views_.Tree.Acting, {BeginsUnless(BoolEdit == state_.BoolEdit)});
     state_.BoolEdit = BoolEdit;
     Shared().BoolEditShared = BoolEdit;
     LockControls();
@@ -172,6 +188,7 @@ void ctlRulemesh::LockControls()
 
 void ctlRulemesh::ShowControl()
 {
+    const ActionScope action(views_.Tree.Acting, {Action::Kind::Begin});
     sourceTables_.RefreshSourceTables();
     preConditions_.ShowPreCondition();
     preConditions_.AnalysePreCondition();
@@ -200,6 +217,48 @@ void ctlRulemesh::FillTargetTableCombo()
     const XmlNode tables = store_.MscriptNode();
     for (XmlNode table = tables.firstChild(); table; table = table.nextSibling())
         views_.CmbTargetTable.AddItem(table.baseName());
+}
+
+void ctlRulemesh::SourceTables(TextView i_SourceTables)
+{
+    const ActionScope action(views_.Tree.Acting, {Action::Kind::Step, u"Source tables"});
+    sourceTables_.SourceTables(i_SourceTables);
+}
+
+void ctlRulemesh::PreCondition(const Text& StrText)
+{
+    const ActionScope action(views_.Tree.Acting, {Action::Kind::Step, u"Precondition"});
+    preConditions_.PreCondition(StrText);
+}
+
+void ctlRulemesh::MainQuery(const Text& StrText)
+{
+    const ActionScope action(views_.Tree.Acting, {Action::Kind::Step, u"Main query"});
+    queries_.MainQuery(StrText);
+}
+
+void ctlRulemesh::FieldMapping(const Text& StrRule)
+{
+    const ActionScope action(views_.Tree.Acting, {Action::Kind::Step, u"Rule"});
+    grid_.FieldMapping(StrRule);
+}
+
+void ctlRulemesh::SetTextNumber(TextView StrType, std::int32_t LngTextNumber, TextView StrKey1, TextView StrKey2)
+{
+    const ActionScope action(views_.Tree.Acting, {Action::Kind::Step, u"Text number"});
+    notes_.SetTextNumber(StrType, LngTextNumber, StrKey1, StrKey2);
+}
+
+void ctlRulemesh::GridEdit(std::int16_t KeyAscii)
+{
+    const ActionScope action(views_.Tree.Acting, Grid::ActionOf(KeyAscii, views_.RulesGrid));
+    grid_.GridEdit(KeyAscii);
+}
+
+void ctlRulemesh::Resize(int width, int height)
+{
+    const ActionScope action(views_.Tree.Acting, {Action::Kind::Move});
+    layout_.Resize(width, height);
 }
 
 void ctlRulemesh::Setfocus()

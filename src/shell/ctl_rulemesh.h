@@ -11,6 +11,7 @@
 #include "shell/editor_bridge.h"
 #include "shell/field_lists.h"
 #include "shell/frm_txt_doc.h"
+#include "shell/history.h"
 #include "shell/tab_flow.h"
 #include "shell/text_notes.h"
 
@@ -48,27 +49,24 @@ public:
     /// Whether the user may change the object. Setting it true after false unlocks nothing.
     void Edit(bool BoolEdit);
 
-    void SourceTables(TextView i_SourceTables) { sourceTables_.SourceTables(i_SourceTables); }
+    void SourceTables(TextView i_SourceTables);
     [[nodiscard]] Text SourceTables() const { return sourceTables_.SourceTables(); }
 
-    void PreCondition(const Text& StrText) { preConditions_.PreCondition(StrText); }
+    void PreCondition(const Text& StrText);
 
-    void MainQuery(const Text& StrText) { queries_.MainQuery(StrText); }
+    void MainQuery(const Text& StrText);
     [[nodiscard]] Text MainQuery() const { return views_.txtMainQuery.Text(); }
 
     /// Reads as the number of the grid's current row, in decimal; is written into the grid's current cell.
     [[nodiscard]] Text FieldMapping() const { return grid_.FieldMapping(); }
-    void FieldMapping(const Text& StrRule) { grid_.FieldMapping(StrRule); }
+    void FieldMapping(const Text& StrRule);
 
     /// Fills all views from the document.
     void ShowControl();
 
     /// Stores the number of a text that the host keeps: StrType "P" for the precondition, "M" for the query of table
     /// StrKey1, "D" for the rule of field StrKey2 in dump StrKey1.
-    void SetTextNumber(TextView StrType, std::int32_t LngTextNumber, TextView StrKey1, TextView StrKey2)
-    {
-        notes_.SetTextNumber(StrType, LngTextNumber, StrKey1, StrKey2);
-    }
+    void SetTextNumber(TextView StrType, std::int32_t LngTextNumber, TextView StrKey1, TextView StrKey2);
 
     /// Gives the focus to the precondition, if that is visible.
     void Setfocus();
@@ -84,7 +82,7 @@ public:
     }
 
     /// Opens the edit box on the grid's current cell, as a key of that code does.
-    void GridEdit(std::int16_t KeyAscii) { grid_.GridEdit(KeyAscii); }
+    void GridEdit(std::int16_t KeyAscii);
 
     /// Whether the script boxes colour their text.
     [[nodiscard]] bool Syntax_Highlight() const noexcept { return state_.BoolSyntaxHighlight; }
@@ -96,9 +94,24 @@ public:
         return !arr.empty();
     }
 
+    /// Takes the last change of the user's or the host's back, with everything as it stood right before it, and does it
+    /// again. False, and nothing done, when there is none, while an action is running (a box, a form, the editor or an
+    /// event is open), and in a read-only control. Reading MappingObjectXML counts as a change where it changed
+    /// something; setting it, TargetTable or Edit to another value, and ShowControl, begin a new history.
+    bool Undo() { return history_.Undo(); }
+    bool Redo() { return history_.Redo(); }
+
+    /// What Undo or Redo would do, in a word or two for a menu: "Guess". "" for nothing.
+    [[nodiscard]] Text UndoText() const { return history_.UndoText(); }
+    [[nodiscard]] Text RedoText() const { return history_.RedoText(); }
+
+    /// The most memory that the history may take, in bytes, about; 256 MB when nobody says. The oldest changes go
+    /// first.
+    void HistoryMemory(std::size_t bytes) { history_.Memory(bytes); }
+
     /// For front ends: the views, with the entrances of the user, and the size in twips that the host gives.
     [[nodiscard]] DesignerViews& Views() noexcept { return views_; }
-    void Resize(int width, int height) { layout_.Resize(width, height); }
+    void Resize(int width, int height);
 
     /// The name of the root element when it is another than TargetTable, "" when it is the same or there is none. No
     /// path leads into such an object and its views stay empty, so a front end warns.
@@ -121,6 +134,7 @@ private:
     ControlState state_;
     XmlDocument XmlDocument_;
     DesignerViews views_;
+    History history_;
     Platform& platform_;
     DocumentAccess document_;
     ScriptScanner scanner_;

@@ -1,0 +1,106 @@
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "document/control_state.h"
+#include "document/xml_document.h"
+#include "script/control_events.h"
+#include "views/designer_views.h"
+
+namespace rulemesh {
+
+/// Takes the user's changes back and does them again, step by step.
+///
+/// A step is one outermost action that changed the work: the document's text, the texts of the script boxes, the source
+/// tables, the list of dumps, the rules in the grid or the rule that is being typed. What a move stores (a look at
+/// another tab saves the scripts) belongs to the step before it. Undo puts everything back as it stood right before the
+/// step, views and focus included, and Redo as it stood when Undo was asked; neither runs a handler.
+class History {
+public:
+    static constexpr std::size_t DefaultMemory = 256U << 20; // bytes
+
+    /// All must outlive the history. The events are told when what can be undone or redone has changed.
+    History(XmlDocument& document, ControlState& state, DesignerViews& views, ControlEvents& events);
+    History(const History&) = delete;
+    History& operator=(const History&) = delete;
+
+    /// False, and nothing done, without such a step, while an action is running, and in a read-only control.
+    bool Undo();
+    bool Redo();
+
+    /// The name of the step that would be undone or redone, "" for none.
+    [[nodiscard]] Text UndoText() const { return undo_.empty() ? Text() : undo_.back().Name; }
+    [[nodiscard]] Text RedoText() const { return redo_.empty() ? Text() : redo_.back().Done.Name; }
+
+    /// The most memory that the steps may take, about; the oldest go first.
+    void Memory(std::size_t bytes);
+
+private:
+    /// Everything that a step puts back beside the document.
+    struct Moment {
+        ViewTree::Moment Views;
+        std::shared_ptr<const ControlState> State;
+    };
+
+    /// What a user would miss, beside the document.
+    struct Work {
+        std::vector<std::shared_ptr<const Text>> Boxes; // the open cell's last, null when none is open
+        SharedRows<ListView::Row> SourceTables;
+        SharedRows<Grid::Cells> Rules;
+        std::shared_ptr<const ControlState> State;
+    };
+
+    struct Step {
+        Text Name;
+        Moment Before;
+        DocumentEdits Edits;
+        std::size_t Bytes = 0; // of the edits, and of what the moment does not share with the one before
+
+        void Take(DocumentEdits edits);
+    };
+
+    struct UndoneStep {
+        Step Done;
+        DocumentEdits Moves; // that came behind the step, until it was undone
+        Moment Asked;
+    };
+
+    void ActionBegins();
+    void ActionEnds(const Action& action);
+    void AddStep(const Action& action, DocumentEdits edits);
+    void EndMove(const Action& action, DocumentEdits edits);
+    void KeepAsMoves(DocumentEdits edits);
+    void DropOldest();
+    void Forget();
+    void Tell();
+
+    [[nodiscard]] bool MayAct() const noexcept { return state_.BoolEdit && !views_.Tree.Acting.Running(); }
+    [[nodiscard]] const View* BoxOf(const Action& action) const noexcept;
+    [[nodiscard]] std::size_t BytesOf(const Moment& moment) const;
+    [[nodiscard]] Moment Now();
+    [[nodiscard]] Work WorkNow();
+    [[nodiscard]] bool IsSameWork(const Work& before);
+    [[nodiscard]] std::shared_ptr<const ControlState> StateNow();
+    void PutBack(const Moment& moment);
+
+    XmlDocument& XmlDocument_;
+    ControlState& state_;
+    DesignerViews& views_;
+    ControlEvents& events_;
+
+    std::deque<Step> undo_;
+    std::vector<UndoneStep> redo_; // the one that was undone last is behind
+    DocumentEdits moves_;          // since the last step, undo or redo
+    std::size_t memory_ = DefaultMemory;
+
+    std::optional<Moment> begun_; // while an action is running
+    std::optional<Work> workThen_;
+    std::shared_ptr<const ControlState> stateThen_;
+    const View* typedInto_ = nullptr; // the box of the last step while nothing but typing came behind it
+};
+
+} // namespace rulemesh
