@@ -39,6 +39,21 @@ public:
     }
     void SaveDoneDisabled() override { emit widget_.SaveDoneDisabled(); }
     void SaveDoneEnabled() override { emit widget_.SaveDoneEnabled(); }
+    void HistoryChanged() override { emit widget_.HistoryChanged(); }
+
+private:
+    RulemeshWidget& widget_;
+};
+
+// The control's history for the boxes.
+class RulemeshWidget::History : public ViewSurface::StepHistory {
+public:
+    explicit History(RulemeshWidget& widget) : widget_(widget) {}
+
+    void Undo() override { widget_.Undo(); }
+    void Redo() override { widget_.Redo(); }
+    [[nodiscard]] bool CanUndo() const override { return !widget_.UndoText().isEmpty(); }
+    [[nodiscard]] bool CanRedo() const override { return !widget_.RedoText().isEmpty(); }
 
 private:
     RulemeshWidget& widget_;
@@ -77,6 +92,8 @@ void RulemeshWidget::Build(Platform& platform, ControlEvents& events)
         emit FailureRaised(failure.Number(), ToQt(failure.Description()));
     };
     surface_->OnActed = [this] { emit Acted(); };
+    history_ = std::make_unique<History>(*this);
+    surface_->History = history_.get();
 }
 
 void RulemeshWidget::SetBoxTitle(const QString& title)
@@ -125,6 +142,24 @@ int RulemeshWidget::GetListItemNumber(const QString& strFieldName) const
 int RulemeshWidget::GetRowNumber(const QString& i_StrFieldName) const
 {
     return control_->GetRowNumber(FromQt(i_StrFieldName));
+}
+
+QString RulemeshWidget::UndoText() const { return ToQt(control_->UndoText()); }
+
+QString RulemeshWidget::RedoText() const { return ToQt(control_->RedoText()); }
+
+bool RulemeshWidget::Undo()
+{
+    bool done = false;
+    surface_->GoBack([&] { done = control_->Undo(); });
+    return done;
+}
+
+bool RulemeshWidget::Redo()
+{
+    bool done = false;
+    surface_->GoBack([&] { done = control_->Redo(); });
+    return done;
 }
 
 void RulemeshWidget::TakeFocusOut()

@@ -48,6 +48,10 @@ public:
     [[nodiscard]] QString Editor() const;
     [[nodiscard]] bool Syntax_Highlight() const;
 
+    /// What Undo or Redo would do, in a word or two for a menu; "" for nothing.
+    Q_INVOKABLE [[nodiscard]] QString UndoText() const;
+    Q_INVOKABLE [[nodiscard]] QString RedoText() const;
+
     /// Saves and prunes, and may ask the user; a null text when a failure was raised.
     Q_INVOKABLE [[nodiscard]] QString MappingObjectXML();
     Q_INVOKABLE [[nodiscard]] QByteArray MappingObjectXmlUtf8();
@@ -84,6 +88,11 @@ public slots:
     void Setfocus();
     void GridEdit(int KeyAscii);
 
+    /// Takes the last change back, or does it again; false when there is none, while an action is running and in a
+    /// read-only designer. The boxes' own undo commands come here too.
+    bool Undo();
+    bool Redo();
+
     /// Takes the focus out of the control as a click elsewhere does. A host calls it before it reads MappingObjectXML:
     /// that read saves what the views hold, but a cell that is still open is committed by leaving it alone.
     void TakeFocusOut();
@@ -100,6 +109,9 @@ signals:
 
     /// A failure that ended a user's action or a call of the host; what was done before it stays done.
     void FailureRaised(int number, const QString& text);
+
+    /// What Undo or Redo would do is no longer what it was.
+    void HistoryChanged();
 
     /// ShowControl found an object whose root is another than TargetTable: all views stay empty.
     void RootIsForeign(const QString& root);
@@ -118,9 +130,11 @@ private:
     void Build(Platform& platform, ControlEvents& events);
 
     class SignalEvents;
+    class History;
     std::unique_ptr<DesktopPlatform> platform_;
     std::unique_ptr<SignalEvents> events_;
     std::unique_ptr<ctlRulemesh> control_;
+    std::unique_ptr<History> history_;
     std::unique_ptr<ViewSurface> surface_;
     LayoutPasses layoutPasses_ = LayoutPasses::WhenResized;
 };

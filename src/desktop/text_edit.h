@@ -23,6 +23,9 @@ public:
         /// another.
         virtual void Replace(int from, int to, const QString& text) = 0;
 
+        /// The same by a key or an input method, which may go on with what was typed before.
+        virtual void Type(int from, int to, const QString& text) = 0;
+
         /// A stretch of the text as the owner keeps it.
         [[nodiscard]] virtual QString Kept(int from, int to) const = 0;
 

@@ -50,7 +50,7 @@ void TextEdit::keyPressEvent(QKeyEvent* event)
         copy();
         ReplaceSelection({});
     } else if (const std::optional<KeyedChange> change = ChangeByKey(*event, textCursor())) {
-        owner_.Replace(change->From, change->To, change->Text);
+        owner_.Type(change->From, change->To, change->Text);
     } else {
         QKeyEvent withoutText(event->type(), event->key(), event->modifiers());
         QPlainTextEdit::keyPressEvent(&withoutText);
@@ -92,7 +92,10 @@ void TextEdit::inputMethodEvent(QInputMethodEvent* event)
         const int from = std::clamp(cursor.position() + event->replacementStart(), 0, length);
         owner_.Replace(from, std::clamp(from + event->replacementLength(), from, length), text);
     } else if (!text.isEmpty() || (cursor.hasSelection() && !event->preeditString().isEmpty())) {
-        ReplaceSelection(text);
+        if (text.size() > 2) // more than a character
+            ReplaceSelection(text);
+        else
+            owner_.Type(cursor.selectionStart(), cursor.selectionEnd(), text);
     }
     QInputMethodEvent composed(event->preeditString(), event->attributes());
     QPlainTextEdit::inputMethodEvent(&composed);

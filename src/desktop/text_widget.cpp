@@ -42,6 +42,19 @@ void ReplaceDifference(QTextDocument& document, const QString& before, const QSt
     cursor.insertText(after.mid(front, after.size() - back - front));
 }
 
+// Where the text that is there now stops differing from the one that was there.
+std::size_t EndOfDifference(const Text& before, const Text& now)
+{
+    const std::size_t shorter = std::min(before.size(), now.size());
+    const auto front = static_cast<std::size_t>(
+        std::mismatch(before.begin(), before.begin() + static_cast<std::ptrdiff_t>(shorter), now.begin()).second -
+        now.begin());
+    std::size_t back = 0;
+    while (back < shorter - front && before[before.size() - 1 - back] == now[now.size() - 1 - back])
+        ++back;
+    return now.size() - back;
+}
+
 } // namespace
 
 TextWidget::TextWidget(ViewSurface& surface, TextBox& box, QWidget& parent)
@@ -115,13 +128,22 @@ void TextWidget::StandOnGridRow()
 void TextWidget::ShowText()
 {
     const bool textChanged = box_.Text() != known_;
+    std::size_t changedAt = 0;
     if (textChanged) {
-        known_ = box_.Text();
-        widget_->setPlainText(ShownText(known_));
+        const Text before = std::exchange(known_, box_.Text());
+        if (Surface().IsGoingBack())
+            ShowKnown();
+        else
+            widget_->setPlainText(ShownText(known_));
         history_.Clear();
+        lineEnded_ = false;
+        sinceTyped_.start(); // a character that opened the box is the first of what is typed
+        changedAt = EndOfDifference(before, known_);
     }
     const bool caretPlaced = std::exchange(caretMoves_, box_.CaretMoves()) != box_.CaretMoves();
-    if (textChanged || caretPlaced)
+    if (Surface().IsGoingBack() && textChanged)
+        PutCaret(changedAt);
+    else if (textChanged || (caretPlaced && !Surface().IsGoingBack()))
         PutCaret(box_.SelStart());
 }
 
@@ -142,15 +164,15 @@ void TextWidget::PutCaret(std::size_t caret)
 
 // The user's change goes to the model. Where it doesn't get there (the box is locked, or leaving another view has
 // changed or hidden it), the editor goes back to what the model holds.
-void TextWidget::Change(Text text, std::size_t caret, Noted noted)
+void TextWidget::Change(Text text, std::size_t caret, Noted noted, TextBox::Typing how)
 {
     const Text before = known_;
     bool taken = false;
     Surface().Act([&] {
         if (!Surface().Tree().MoveFocus(box_) || box_.Locked() || box_.Text() != before)
             return;
-        box_.UserTypes(std::move(text));
-        if (noted == Noted::AsChange)
+        box_.UserTypes(std::move(text), how);
+        if (noted == Noted::AsChange && !Surface().History)
             history_.Note(before, box_.Text());
         known_ = box_.Text();
         ShowKnown();
@@ -161,12 +183,26 @@ void TextWidget::Change(Text text, std::size_t caret, Noted noted)
         ShowKnown();
 }
 
-void TextWidget::Replace(int from, int to, const QString& text)
+void TextWidget::Replace(int from, int to, const QString& text) { ReplaceBy(from, to, text, TextBox::Typing::AtOnce); }
+
+void TextWidget::Type(int from, int to, const QString& text) { ReplaceBy(from, to, text, HowTyped(text)); }
+
+// A pause, or a line end, ends what is one step.
+TextBox::Typing TextWidget::HowTyped(const QString& text)
+{
+    constexpr qint64 Pause = 1000; // milliseconds
+    const bool ended = lineEnded_ || (sinceTyped_.isValid() && sinceTyped_.hasExpired(Pause));
+    lineEnded_ = text.contains(QLatin1Char('\n'));
+    sinceTyped_.start();
+    return ended ? TextBox::Typing::KeyByKeyAnew : TextBox::Typing::KeyByKey;
+}
+
+void TextWidget::ReplaceBy(int from, int to, const QString& text, TextBox::Typing how)
 {
     const std::size_t begin = ModelPosition(known_, from);
     Text whole = known_;
     whole.replace(begin, ModelPosition(TextView(known_).substr(begin), to - from), FromQt(text));
-    Change(std::move(whole), begin + static_cast<std::size_t>(text.size()), Noted::AsChange);
+    Change(std::move(whole), begin + static_cast<std::size_t>(text.size()), Noted::AsChange, how);
 }
 
 QString TextWidget::Kept(int from, int to) const
@@ -176,15 +212,23 @@ QString TextWidget::Kept(int from, int to) const
     return ToQt(behind.substr(0, ModelPosition(behind, to - from)));
 }
 
+bool TextWidget::CanUndo() const { return Surface().History ? Surface().History->CanUndo() : history_.CanUndo(); }
+
+bool TextWidget::CanRedo() const { return Surface().History ? Surface().History->CanRedo() : history_.CanRedo(); }
+
 void TextWidget::Undo()
 {
-    if (std::optional<EditHistory::Step> step = history_.Undo(known_))
+    if (Surface().History)
+        Surface().History->Undo();
+    else if (std::optional<EditHistory::Step> step = history_.Undo(known_))
         Change(std::move(step->Whole), step->Caret, Noted::Already);
 }
 
 void TextWidget::Redo()
 {
-    if (std::optional<EditHistory::Step> step = history_.Redo(known_))
+    if (Surface().History)
+        Surface().History->Redo();
+    else if (std::optional<EditHistory::Step> step = history_.Redo(known_))
         Change(std::move(step->Whole), step->Caret, Noted::Already);
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QElapsedTimer>
+
 #include "desktop/edit_history.h"
 #include "desktop/shown_text.h"
 #include "desktop/text_edit.h"
@@ -27,16 +29,19 @@ protected:
 
 private:
     void Replace(int from, int to, const QString& text) override;
+    void Type(int from, int to, const QString& text) override;
     [[nodiscard]] QString Kept(int from, int to) const override;
     void Undo() override;
     void Redo() override;
-    [[nodiscard]] bool CanUndo() const override { return history_.CanUndo(); }
-    [[nodiscard]] bool CanRedo() const override { return history_.CanRedo(); }
+    [[nodiscard]] bool CanUndo() const override;
+    [[nodiscard]] bool CanRedo() const override;
 
     void ChooseBars();
     void TakeOverEdit();
     enum class Noted { AsChange, Already };
-    void Change(Text text, std::size_t caret, Noted noted);
+    void Change(Text text, std::size_t caret, Noted noted, TextBox::Typing how = TextBox::Typing::AtOnce);
+    void ReplaceBy(int from, int to, const QString& text, TextBox::Typing how);
+    [[nodiscard]] TextBox::Typing HowTyped(const QString& text);
     void ShowText();
     void ShowKnown();
     void PutCaret(std::size_t caret);
@@ -46,8 +51,10 @@ private:
     SyntaxBox* script_; // the same box, when it colours its text
     std::unique_ptr<TextEdit> widget_;
     std::unique_ptr<ScriptHighlighter> highlighter_;
-    Text known_; // the model's text that the editor shows
-    EditHistory history_;
+    Text known_;          // the model's text that the editor shows
+    EditHistory history_; // of a form that has none of its own
+    QElapsedTimer sinceTyped_;
+    bool lineEnded_ = false; // a line end was typed last
     unsigned caretMoves_ = 0;
     bool showing_ = false;
 };

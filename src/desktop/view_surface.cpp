@@ -75,6 +75,12 @@ bool ViewSurface::Act(const std::function<void()>& action)
     return !raised;
 }
 
+void ViewSurface::GoBack(const std::function<void()>& action)
+{
+    const QScopedValueRollback<bool> guard(goingBack_, true);
+    Act(action);
+}
+
 void ViewSurface::Sync()
 {
     ParkFocus();

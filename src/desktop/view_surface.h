@@ -46,6 +46,21 @@ public:
     std::function<void(const Failure&)> OnFailure;
     std::function<void()> OnActed;
 
+    /// The history of what the form works on, where it has one: the boxes' own commands go there then.
+    class StepHistory {
+    public:
+        virtual ~StepHistory() = default;
+        virtual void Undo() = 0;
+        virtual void Redo() = 0;
+        [[nodiscard]] virtual bool CanUndo() const = 0;
+        [[nodiscard]] virtual bool CanRedo() const = 0;
+    };
+    StepHistory* History = nullptr; // borrowed
+
+    /// Brings what an undo or redo put back to the widgets: the carets go to where texts changed.
+    void GoBack(const std::function<void()>& action);
+    [[nodiscard]] bool IsGoingBack() const noexcept { return goingBack_; }
+
     /// For automation: where this is set, keys end at the designer's own handlers, and it is told whether one of them
     /// cancelled the key; what a widget makes of a key by itself does not happen.
     std::function<void(bool cancelled)> OnKey;
@@ -91,6 +106,7 @@ private:
     std::map<const View*, std::unique_ptr<ViewWidget>> widgets_;
     int acting_ = 0;
     bool following_ = false;
+    bool goingBack_ = false;
     std::chrono::steady_clock::time_point focusLeft_; // when the focus was last seen to go
 };
 

@@ -26,7 +26,7 @@ public:
 protected:
     ViewWidget(ViewSurface& surface, View& view) : surface_(surface), view_(view) {}
 
-    [[nodiscard]] ViewSurface& Surface() noexcept { return surface_; }
+    [[nodiscard]] ViewSurface& Surface() const noexcept { return surface_; }
 
     /// Names the widget, keeps it from taking the focus by a click, and listens to its input; `input` is the widget
     /// that gets the mouse, where it is another one.

@@ -36,8 +36,7 @@ QString DraggedFile(const QDropEvent& event)
 } // namespace
 
 MainWindow::MainWindow(Settings& settings, DraftStore& drafts, DraftTimes draftTimes)
-    : settings_(settings), drafts_(drafts), draftTimes_(draftTimes), hintLabel_(new QLabel),
-      targetLabel_(new QLabel)
+    : settings_(settings), drafts_(drafts), draftTimes_(draftTimes), hintLabel_(new QLabel), targetLabel_(new QLabel)
 {
     setAcceptDrops(true);
     hintLabel_->setTextFormat(Qt::PlainText);
@@ -88,6 +87,7 @@ void MainWindow::Show(Opening opening)
     keeper_ = std::make_unique<DraftKeeper>(*object_, drafts_, path_, draftTimes_, std::move(opening.Handle));
     connect(object_.get(), &OpenObject::StateChanged, this, &MainWindow::UpdateActions);
     connect(object_.get(), &OpenObject::FailureRaised, this, &MainWindow::TellFailure);
+    connect(&designer, &RulemeshWidget::HistoryChanged, this, &MainWindow::UpdateHistory);
     connect(keeper_.get(), &DraftKeeper::Failed, this, [this](const QString& text) {
         statusBar()->showMessage(QStringLiteral("No draft is being kept. ") + text);
     });

@@ -86,11 +86,16 @@ private:
     void MakeActions();
     QAction* AddAction(QMenu& menu, const QString& caption, const QKeySequence& keys, void (MainWindow::*does)());
     void MakeFileMenu();
+    void MakeEditMenu();
     void MakeDesignerMenu();
     void MakeHelpMenu();
     void FillRecentMenu();
     void UpdateActions();
+    void UpdateHistory();
     void UpdateTitle();
+
+    void Undo();
+    void Redo();
 
     void AskForNew();
     void AskForFile();
@@ -127,6 +132,8 @@ private:
     QLabel* hintLabel_;
     QLabel* targetLabel_;
     QMenu* recentMenu_ = nullptr;
+    QAction* undo_ = nullptr;
+    QAction* redo_ = nullptr;
     QAction* save_ = nullptr;
     QAction* saveAs_ = nullptr;
     QAction* close_ = nullptr;

@@ -23,6 +23,7 @@ namespace rulemesh {
 void MainWindow::MakeActions()
 {
     MakeFileMenu();
+    MakeEditMenu();
     MakeDesignerMenu();
     MakeHelpMenu();
     FillRecentMenu();
@@ -58,6 +59,37 @@ void MainWindow::MakeFileMenu()
     QAction* quit = file.addAction(QStringLiteral("&Quit"));
     quit->setShortcut(QKeySequence(QStringLiteral("Ctrl+Q")));
     connect(quit, &QAction::triggered, this, &QWidget::close);
+}
+
+void MainWindow::MakeEditMenu()
+{
+    QMenu& edit = *menuBar()->addMenu(QStringLiteral("&Edit"));
+    undo_ = AddAction(edit, QStringLiteral("&Undo"), QKeySequence(QStringLiteral("Ctrl+Z")), &MainWindow::Undo);
+    redo_ = AddAction(edit, QStringLiteral("&Redo"), {}, &MainWindow::Redo);
+    redo_->setShortcuts({QKeySequence(QStringLiteral("Ctrl+Shift+Z")), QKeySequence(QStringLiteral("Ctrl+Y"))});
+}
+
+void MainWindow::Undo()
+{
+    if (object_)
+        object_->Widget().Undo();
+}
+
+void MainWindow::Redo()
+{
+    if (object_)
+        object_->Widget().Redo();
+}
+
+// The entries say what they would do.
+void MainWindow::UpdateHistory()
+{
+    const auto show = [](QAction& action, const QString& verb, QString step) {
+        action.setEnabled(!step.isEmpty());
+        action.setText(step.isEmpty() ? verb : verb + u' ' + step.replace(u'&', QStringLiteral("&&")));
+    };
+    show(*undo_, QStringLiteral("&Undo"), object_ ? object_->Widget().UndoText() : QString());
+    show(*redo_, QStringLiteral("&Redo"), object_ ? object_->Widget().RedoText() : QString());
 }
 
 void MainWindow::MakeDesignerMenu()
@@ -117,6 +149,7 @@ void MainWindow::UpdateActions()
     readOnly_->setChecked(open && !editable);
     hintLabel_->setText(open ? object_->RulesHint() : QString());
     hintLabel_->setToolTip(hintLabel_->text());
+    UpdateHistory();
     UpdateTitle();
 }
 

@@ -7,6 +7,7 @@
 #include "base/case_map.h"
 #include "desktop/qt_text.h"
 #include "desktop/rulemesh_widget.h"
+#include "desktop/view_surface.h"
 #include "document/document_access.h"
 #include "host/catalogue.h"
 #include "host/script_statements.h"
@@ -44,7 +45,10 @@ RulesGate::RulesGate(RulemeshWidget& widget) : widget_(widget)
     pause_.setSingleShot(true);
     pause_.setInterval(PauseBeforeLooking);
     connect(&pause_, &QTimer::timeout, this, &RulesGate::Look);
-    connect(&widget, &RulemeshWidget::Acted, this, [this] { pause_.start(); });
+    connect(&widget, &RulemeshWidget::Acted, this, [this] {
+        if (!widget_.Surface().IsGoingBack()) // what was taken back is not brought about again
+            pause_.start();
+    });
 }
 
 bool RulesGate::IsShut() { return !widget_.Control().Views().MainTab.TabEnabled(RulesTab); }

@@ -53,6 +53,29 @@ TEST_F(MainWindowTest, MarksTheTitleWhenSomethingWasTyped)
     EXPECT_TRUE(WaitFor([this] { return window->isWindowModified(); }));
 }
 
+TEST_F(MainWindowTest, TakesAChangeBackByItsEditMenu)
+{
+    const auto entry = [this](const QString& beginning) {
+        QAction* found = nullptr;
+        for (QAction* action : window->findChildren<QAction*>()) {
+            if (action->text().startsWith(beginning))
+                found = action;
+        }
+        return found;
+    };
+    window->OpenFile(File("object.xml"));
+    const Text before = Views().txtPreCondition.Text();
+    EXPECT_FALSE(entry(QStringLiteral("&Undo"))->isEnabled());
+    Designer().PreCondition(QString::fromUtf16(Typed.data(), static_cast<qsizetype>(Typed.size())));
+    EXPECT_EQ(entry(QStringLiteral("&Undo"))->text(), QStringLiteral("&Undo Precondition"));
+    entry(QStringLiteral("&Undo"))->trigger();
+    EXPECT_EQ(Views().txtPreCondition.Text(), before);
+    EXPECT_EQ(entry(QStringLiteral("&Redo"))->text(), QStringLiteral("&Redo Precondition"));
+    EXPECT_FALSE(entry(QStringLiteral("&Undo"))->isEnabled());
+    entry(QStringLiteral("&Redo"))->trigger();
+    EXPECT_EQ(Views().txtPreCondition.Text(), Typed);
+}
+
 TEST_F(MainWindowTest, SavesACellThatIsStillOpen)
 {
     window->OpenFile(File("object.xml"));
