@@ -87,27 +87,20 @@ public:
         return true;
     }
 
-    /// Shares with another copy again what is the same in both, and gives the bytes that this one still has alone.
-    /// `share` makes a value share what it can with the other's and tells whether the two are the same then; `bytes`
-    /// gives what a value holds outside of itself.
+    /// Shares with another copy again what is the same in both, as far as somebody else holds that too, and gives the
+    /// bytes that this one still has alone, about. `share` makes a value share what it can with the other's and tells
+    /// whether the two are the same then; `bytes` gives what a value holds outside of itself.
     template <typename Share, typename Bytes> std::size_t ShareWith(const SharedRows& other, Share share, Bytes bytes)
     {
-        std::size_t alone = runs_.size() * sizeof runs_.front();
+        std::size_t alone = runs_.size() * sizeof(std::shared_ptr<Run>);
         for (std::size_t run = 0; run < runs_.size(); ++run) {
-            const std::shared_ptr<Run> former = run < other.runs_.size() ? other.runs_[run] : nullptr;
-            if (runs_[run] == former)
+            if (run < other.runs_.size() && runs_[run] == other.runs_[run])
                 continue;
-            Run mine = *runs_[run];
-            bool same = former && mine.size() == former->size();
-            std::size_t held = mine.size() * sizeof(Value);
-            for (std::size_t at = 0; at < mine.size(); ++at) {
-                if (former && at < former->size() && share(mine[at], (*former)[at]))
-                    continue;
-                same = false;
-                held += bytes(mine[at]);
-            }
-            runs_[run] = same ? former : std::make_shared<Run>(std::move(mine));
-            alone += same ? 0 : held;
+            const bool isHeld = run < other.runs_.size() && other.runs_[run].use_count() > 1;
+            if (isHeld && ShareRun(runs_[run], other.runs_[run], share))
+                continue;
+            const Run& mine = *runs_[run];
+            alone += mine.size() * (sizeof(Value) + bytes(mine.front()));
         }
         return alone;
     }
@@ -115,6 +108,18 @@ public:
 private:
     static constexpr std::size_t RunSize = 64;
     using Run = std::vector<Value>;
+
+    // Whether the two runs are one then.
+    template <typename Share>
+    static bool ShareRun(std::shared_ptr<Run>& run, const std::shared_ptr<Run>& former, Share share)
+    {
+        Run mine = *run;
+        bool same = mine.size() == former->size();
+        for (std::size_t at = 0; at < std::min(mine.size(), former->size()); ++at)
+            same = share(mine[at], (*former)[at]) && same;
+        run = same ? former : std::make_shared<Run>(std::move(mine));
+        return same;
+    }
 
     std::vector<std::shared_ptr<Run>> runs_; // all full but the last
     std::size_t size_ = 0;

@@ -54,6 +54,7 @@ TEST(SharedRows, ComparesValuesAndNotWhereTheyStand)
 TEST(SharedRows, SharesAgainWhatWasMadeAnewAlike)
 {
     const SharedRows<std::string> former = Numbers(1000);
+    const SharedRows<std::string> held = former;
     SharedRows<std::string> rows = Numbers(1000);
     const auto bytes = [](const std::string& text) { return text.size(); };
     const std::size_t alike = rows.ShareWith(former, Same, bytes);
@@ -62,6 +63,20 @@ TEST(SharedRows, SharesAgainWhatWasMadeAnewAlike)
     EXPECT_LT(alike, 1000U);
     EXPECT_GT(changed, alike);
     EXPECT_LT(changed, alike + 100 * sizeof(std::string));
+    EXPECT_EQ(rows[500], "x");
+}
+
+TEST(SharedRows, ComparesNothingThatNobodyElseHolds)
+{
+    const SharedRows<std::string> former = Numbers(100);
+    SharedRows<std::string> rows = Numbers(100);
+    int compared = 0;
+    const auto count = [&](const std::string& one, const std::string& other) {
+        ++compared;
+        return one == other;
+    };
+    static_cast<void>(rows.ShareWith(former, count, [](const std::string& text) { return text.size(); }));
+    EXPECT_EQ(compared, 0);
 }
 
 } // namespace
