@@ -407,7 +407,6 @@ TEST(Moments, PutEveryKindOfViewBackWithoutAHandler)
     EXPECT_EQ(desk.Cells.TextMatrix(0, 0), u"key");
     EXPECT_EQ(desk.Tabs.Tab(), 0);
     EXPECT_TRUE(desk.Tabs.TabEnabled(0));
-    EXPECT_TRUE(desk.Tree.Now() == then);
 }
 
 TEST(Moments, ShareTheViewsThatDidNotChange)
