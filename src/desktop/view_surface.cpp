@@ -123,7 +123,8 @@ void ViewSurface::FollowFocus()
         QWidget& widget = WidgetOf(*focused);
         if (holder != &widget)
             widget.setFocus(Qt::OtherFocusReason);
-    } else if (focused == nullptr && IsInside(holder, root_) && holder != &root_) {
+    } else if (IsInside(holder, root_) && holder != &root_) {
+        // Nobody has it, or a button that waits for its own click to end.
         root_.setFocus(Qt::OtherFocusReason);
     }
 }

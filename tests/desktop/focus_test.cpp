@@ -1,4 +1,5 @@
 #include "desktop/designer_window.h"
+#include "desktop/list_widget.h"
 #include "desktop/text_edit.h"
 #include "desktop/text_widget.h"
 
@@ -128,6 +129,20 @@ TEST_F(FocusOfTheWindow, ActivationLeavesTheFocusNowhereWhenTheModelHasNone)
     WidgetOf(Views().txtPreCondition)->setFocus(Qt::OtherFocusReason);
     QApplication::setActiveWindow(&Host);
     ExpectNowhereInTheDesigner();
+}
+
+TEST_F(FocusOfTheWindow, ButtonThatWaitsForTheEditorHasTakenItFromTheViewBefore)
+{
+    QTest::mouseClick(Of<ListWidget>(Views().lstMigrateSource).Tree().viewport(), Qt::LeftButton, {}, {20, 5});
+    ASSERT_EQ(Focused(), u"lstMigrateSource");
+    Desk.Editor = [this](const Text&) {
+        Surface().Sync(); // as a desktop does before it waits
+        EXPECT_EQ(Host.focusWidget(), &Designer);
+        return 1;
+    };
+    QTest::mouseClick(WidgetOf(Views().CmdMqEditor), Qt::LeftButton);
+    EXPECT_EQ(Desk.Commands.size(), 1U);
+    EXPECT_EQ(Focused(), u"CmdMqEditor");
 }
 
 TEST_F(TwoDesigners, AccessKeyIsForTheOneWithTheFocus)

@@ -34,7 +34,8 @@ void CompareFocus(const ViewTree& tree, const QWidget& root, std::vector<std::st
     if (!root.window()->isActiveWindow() || qobject_cast<const QMenuBar*>(holder) != nullptr ||
         qobject_cast<const QMenu*>(holder) != nullptr)
         return;
-    const View* focused = tree.Focused();
+    // A button that its own click has disabled keeps the focus until the click has ended; no widget can show that.
+    const View* focused = tree.Focused() != nullptr && tree.Focused()->CanBeReached() ? tree.Focused() : nullptr;
     const bool onView = holder != nullptr && holder != &root && root.isAncestorOf(holder);
     const QString held = focused == nullptr ? QString() : ToQt(focused->Name());
     const QString shown = onView ? NameOf(holder) : QString();

@@ -168,7 +168,7 @@ void CompareAccessible(const View& view, const QWidget& root, QWidget& widget, F
     if (state.focused == 1 && !view.HasFocus())
         findings.Say(QStringLiteral("focus: a screen reader is told that it is here"));
     const QWidget* focus = QApplication::focusWidget();
-    if (view.HasFocus() && focus != nullptr && root.isAncestorOf(focus))
+    if (view.HasFocus() && view.CanBeReached() && focus != nullptr && root.isAncestorOf(focus))
         findings.Compare(QStringLiteral("focus"), state.focused == 1, true);
 
     if (const auto* box = dynamic_cast<const TextBox*>(&view)) {
