@@ -200,7 +200,7 @@ std::unique_ptr<ViewValues> ListView::CopyOwnValues() const
     const auto bytes = [](const Row& row) {
         std::size_t held = 0;
         for (const Text& text : *row.Texts)
-            held += sizeof text + text.capacity() * sizeof(char16_t);
+            held += sizeof(Text) + text.capacity() * sizeof(char16_t);
         return held;
     };
     const std::size_t alone = rows_.ShareWith(taken_, share, bytes);

@@ -55,13 +55,11 @@ public:
     void insert(std::size_t at, Value value)
     {
         SharedRows changed;
-        for (std::size_t from = 0; from < size_; ++from) {
-            if (from == at)
-                changed.push_back(std::move(value));
+        for (std::size_t from = 0; from < at; ++from)
             changed.push_back((*this)[from]);
-        }
-        if (at == size_)
-            changed.push_back(std::move(value));
+        changed.push_back(std::move(value));
+        for (std::size_t from = at; from < size_; ++from)
+            changed.push_back((*this)[from]);
         *this = std::move(changed);
     }
     void erase(std::size_t at)
