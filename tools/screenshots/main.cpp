@@ -8,6 +8,7 @@
 #include <QDialog>
 #include <QDir>
 #include <QFile>
+#include <QPushButton>
 #include <QTimer>
 
 #include "desktop/rulemesh_widget.h"
@@ -63,7 +64,11 @@ int main(int argc, char** argv)
         if (form == nullptr)
             return;
         saved = SaveView(*form, folder, "note.png") && saved;
-        form->reject();
+        // Closing a new note by its frame or by Escape asks whether to keep it; Cancel doesn't.
+        for (QPushButton* const button : form->findChildren<QPushButton*>()) {
+            if (button->text().remove(u'&') == QLatin1String("Cancel"))
+                button->click();
+        }
     });
     designer.Surface().Act([&] { views.CmdDumpText.UserClicks(); });
     return saved ? 0 : 1;
