@@ -49,6 +49,16 @@ Text Convert(const GuessField& source, const GuessField& target)
     return ConvertForTarget(source.Name, source.Type, target.Type);
 }
 
+// The first rule stays.
+void Offer(ExplainedGuess& explained, Text StrRule, ExplainedGuess::Reason reason, std::optional<std::size_t> source)
+{
+    if (!explained.StrRule.empty() || StrRule.empty())
+        return;
+    explained.StrRule = std::move(StrRule);
+    explained.Why = reason;
+    explained.Source = source;
+}
+
 } // namespace
 
 Guess::Guess(std::vector<GuessField> sources) : sources_(std::move(sources))
@@ -101,6 +111,57 @@ Text Guess::ProposeByDomain(const GuessField& target) const
             return Text(DefaultRule);
     }
     return {};
+}
+
+ExplainedGuess Guess::Explain(const GuessField& target) const
+{
+    ExplainedGuess explained;
+    if (!ExplainByName(target, explained))
+        ExplainByDomain(target, explained);
+    if (explained.StrRule.empty())
+        explained.StrRule = DefaultRule;
+    std::erase(explained.Others, explained.Source.value_or(sources_.size()));
+    return explained;
+}
+
+// Whether a source matched, or gave the rule.
+bool Guess::ExplainByName(const GuessField& target, ExplainedGuess& explained) const
+{
+    if (IsDateOrUtc(target.Type))
+        return false;
+    for (const std::size_t index : PartnersOf(target)) {
+        const GuessField& source = sources_[index];
+        if (IsDateOrUtc(source.Type))
+            continue;
+        explained.Others.push_back(index);
+        const bool same = IsSameField(source, target);
+        if (same && EnumsFit(source, target)) {
+            Offer(explained, Text(target.Name), ExplainedGuess::Reason::Name, index);
+        } else if (same && target.Domain != source.Domain) {
+            Offer(explained, Text(DefaultRule), ExplainedGuess::Reason::Default, std::nullopt);
+        } else {
+            Offer(explained, Convert(source, target), ExplainedGuess::Reason::Name, index);
+            if (source.Name == target.Name)
+                break; // the pass ends here
+        }
+    }
+    return !explained.Others.empty();
+}
+
+void Guess::ExplainByDomain(const GuessField& target, ExplainedGuess& explained) const
+{
+    for (const std::size_t index : PartnersOf(target)) {
+        const GuessField& source = sources_[index];
+        if (source.Name != target.Name)
+            continue;
+        if (source.Domain == target.Domain) {
+            explained.Others.push_back(index);
+            Offer(explained, IsDateOrUtc(target.Type) ? Convert(source, target) : Text(source.Name),
+                  ExplainedGuess::Reason::Domain, index);
+        }
+        if (IsReferenceCounter(target.Name))
+            Offer(explained, Text(DefaultRule), ExplainedGuess::Reason::Default, std::nullopt);
+    }
 }
 
 // The sources with the target's field part and those with its base part, in the order of the list.

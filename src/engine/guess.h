@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <unordered_map>
 #include <vector>
 
@@ -16,6 +18,16 @@ struct GuessField {
     TextView Enums;
 };
 
+/// A guessed rule, and how it came about. Sources are places in the list of sources, from 0.
+struct ExplainedGuess {
+    enum class Reason { Name, Domain, Default };
+
+    Text StrRule;
+    Reason Why = Reason::Default;
+    std::optional<std::size_t> Source = {}; // whose rule it is
+    std::vector<std::size_t> Others = {};   // what the same pass matched and did not take, in the order of the list
+};
+
 /// Finds the rule that a target field without one gets when it is compared with all source fields in their order.
 ///
 /// The comparison is a walk over every source field for every target field, in which the first rule that isn't blank
@@ -30,6 +42,9 @@ public:
     /// The rule for a target field; `default()` when no source has one to give.
     [[nodiscard]] Text RuleFor(const GuessField& target) const;
 
+    /// The same rule with its reasons; looks at every partner, where RuleFor stops at the first that decides.
+    [[nodiscard]] ExplainedGuess Explain(const GuessField& target) const;
+
 private:
     struct Proposal {
         Text StrRule;         // "" when there is none
@@ -38,6 +53,8 @@ private:
 
     [[nodiscard]] Proposal ProposeByName(const GuessField& target) const;
     [[nodiscard]] Text ProposeByDomain(const GuessField& target) const;
+    [[nodiscard]] bool ExplainByName(const GuessField& target, ExplainedGuess& explained) const;
+    void ExplainByDomain(const GuessField& target, ExplainedGuess& explained) const;
     [[nodiscard]] std::vector<std::size_t> PartnersOf(const GuessField& target) const;
 
     std::vector<GuessField> sources_;

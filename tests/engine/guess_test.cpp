@@ -322,6 +322,23 @@ protected:
         return column;
     }
 
+    /// The explanation of a guess is one of the rule that is guessed.
+    void ExpectEachRuleExplained() const
+    {
+        std::vector<GuessField> fields;
+        for (int row = 1; row <= views_.lstSourceFields.Count(); ++row) {
+            const ListView::Row& source = views_.lstSourceFields.At(row);
+            fields.push_back(
+                {source.TextAt(2), source.TextAt(3), source.TextAt(4), source.TextAt(8), source.TextAt(10)});
+        }
+        const Guess guess(std::move(fields));
+        for (int row = 1; row <= views_.lstTargetFields.Count(); ++row) {
+            const ListView::Row& item = views_.lstTargetFields.At(row);
+            const GuessField target = {item.TextAt(3), item.TextAt(4), item.TextAt(5), item.TextAt(9), item.TextAt(11)};
+            EXPECT_EQ(guess.Explain(target).StrRule, guess.RuleFor(target));
+        }
+    }
+
     std::mt19937 random_{20261120};
 
 private:
@@ -355,6 +372,7 @@ TEST_F(GuessPropertyTest, AgreesWithTheWalkOverEveryPair)
     for (int round = 0; round < 5000; ++round) {
         Arrange();
         const std::vector<Text> expected = Expected();
+        ExpectEachRuleExplained();
         mapping_.CmdGuess_Click();
         ASSERT_EQ(Rules(), expected) << "round " << round << ": " << Below();
         for (const Text& rule : expected) {
