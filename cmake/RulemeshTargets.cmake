@@ -8,11 +8,15 @@
 # own in the build tree, which holds nothing but a link to its folder. A layer sees the roots of the layers below it and
 # no others, so an include that points up does not compile.
 function(rulemesh_add_layer layer)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;BELOW")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "FOLDER" "SOURCES;BELOW")
+    if(NOT arg_FOLDER)
+        set(arg_FOLDER "${layer}")
+    endif()
 
     set(root "${PROJECT_BINARY_DIR}/include/${layer}")
-    file(MAKE_DIRECTORY "${root}")
-    file(CREATE_LINK "${CMAKE_CURRENT_SOURCE_DIR}" "${root}/${layer}" SYMBOLIC RESULT linked)
+    cmake_path(GET arg_FOLDER PARENT_PATH within)
+    file(MAKE_DIRECTORY "${root}/${within}")
+    file(CREATE_LINK "${CMAKE_CURRENT_SOURCE_DIR}" "${root}/${arg_FOLDER}" SYMBOLIC RESULT linked)
     if(NOT linked EQUAL 0)
         # A file system without links: everything builds, only wrong includes go unnoticed.
         set(root "${PROJECT_SOURCE_DIR}/src")

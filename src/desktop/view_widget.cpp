@@ -13,7 +13,7 @@
 #include "desktop/list_widget.h"
 #include "desktop/qt_text.h"
 #include "desktop/tab_widget.h"
-#include "desktop/text_widget.h"
+#include "desktop/text_box_widget.h"
 #include "desktop/tool_tips.h"
 
 namespace rulemesh {
@@ -121,7 +121,7 @@ std::unique_ptr<ViewWidget> MakeViewWidget(ViewSurface& surface, View& view, QWi
         return std::make_unique<PictureWidget>(surface, dynamic_cast<PictureButton&>(view), parent);
     case ViewKind::Text:
     case ViewKind::Syntax:
-        return std::make_unique<TextWidget>(surface, dynamic_cast<TextBox&>(view), parent);
+        return std::make_unique<TextBoxWidget>(surface, dynamic_cast<TextBox&>(view), parent);
     case ViewKind::List:
         return std::make_unique<ListWidget>(surface, dynamic_cast<ListView&>(view), parent);
     case ViewKind::Combo:

@@ -7,9 +7,9 @@
 #include <QTimer>
 
 #include "host/end_signals.h"
-#include "host/host_boxes.h"
-#include "host/main_window.h"
-#include "host/settings.h"
+#include "host/settings/settings.h"
+#include "host/window/host_boxes.h"
+#include "host/window/main_window.h"
 
 // The pictures stand in a static library, from which they must be asked for; the macro wants to stand in no namespace.
 static void TakeInPictures() { Q_INIT_RESOURCE(rulemesh_host); }

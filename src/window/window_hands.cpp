@@ -19,10 +19,10 @@
 #include "desktop/grid_widget.h"
 #include "desktop/key_codes.h"
 #include "desktop/list_widget.h"
+#include "desktop/passive_edit.h"
 #include "desktop/qt_text.h"
 #include "desktop/tab_widget.h"
-#include "desktop/text_edit.h"
-#include "desktop/text_widget.h"
+#include "desktop/text_box_widget.h"
 #include "desktop/view_surface.h"
 
 namespace rulemesh {
@@ -166,7 +166,7 @@ void WindowHands::Leave(ViewTree& /*tree*/)
 // One input event that replaces the whole text, as input methods and assistive tools send it.
 void WindowHands::Type(TextBox& box, const Text& StrText)
 {
-    TextEdit& editor = dynamic_cast<TextWidget&>(SurfaceOf(box).Of(box)).Editor();
+    PassiveEdit& editor = dynamic_cast<TextBoxWidget&>(SurfaceOf(box).Of(box)).Editor();
     Activate(editor);
     ClickAt(*editor.viewport(), {1, 1});
     if (!raised_ && box.HasFocus()) {

@@ -8,8 +8,8 @@
 #include <QTimer>
 
 #include "desktop/designer_window.h"
-#include "desktop/text_edit.h"
-#include "desktop/text_widget.h"
+#include "desktop/passive_edit.h"
+#include "desktop/text_box_widget.h"
 
 namespace rulemesh {
 
@@ -18,7 +18,7 @@ namespace {
 // A designer with the box of the main query ready for input.
 class BoxInput : public DesignerWindow {
 protected:
-    TextEdit& Editor() { return Of<TextWidget>(Views().txtMainQuery).Editor(); }
+    PassiveEdit& Editor() { return Of<TextBoxWidget>(Views().txtMainQuery).Editor(); }
     const Text& Kept() { return Views().txtMainQuery.Text(); }
 
     void Show(const Text& text)
@@ -132,7 +132,7 @@ TEST_F(BoxInput, EditsInTheBoxAreEditsOfTheText)
     ShowRules();
     Surface().FocusFor(Views().RulesGrid);
     QTest::keyClick(Host.focusWidget(), Qt::Key_X);
-    TextEdit& editor = Of<TextWidget>(box).Editor();
+    PassiveEdit& editor = Of<TextBoxWidget>(box).Editor();
     for (int round = 0; round < 1500; ++round) {
         if (round % 25 == 0) {
             box.Text(anything(12));

@@ -2,8 +2,8 @@
 #include <QScrollBar>
 
 #include "desktop/designer_window.h"
-#include "desktop/text_edit.h"
-#include "desktop/text_widget.h"
+#include "desktop/passive_edit.h"
+#include "desktop/text_box_widget.h"
 
 namespace rulemesh {
 
@@ -12,7 +12,7 @@ namespace {
 // The box that opens over a cell of the rules, one row high.
 class EditBox : public DesignerWindow {
 protected:
-    TextEdit& Editor() { return Of<TextWidget>(Views().txtgrdline).Editor(); }
+    PassiveEdit& Editor() { return Of<TextBoxWidget>(Views().txtgrdline).Editor(); }
 
     void OpenOn(const Text& rule)
     {

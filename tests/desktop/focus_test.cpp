@@ -1,7 +1,7 @@
 #include "desktop/designer_window.h"
 #include "desktop/list_widget.h"
-#include "desktop/text_edit.h"
-#include "desktop/text_widget.h"
+#include "desktop/passive_edit.h"
+#include "desktop/text_box_widget.h"
 
 namespace rulemesh {
 

@@ -1,7 +1,7 @@
 #include <QTest>
 
 #include "desktop/designer_window.h"
-#include "desktop/text_widget.h"
+#include "desktop/text_box_widget.h"
 
 // One history for the boxes and the commands, by keys.
 
@@ -10,7 +10,7 @@ namespace {
 
 class HistoryInput : public DesignerWindow {
 protected:
-    TextEdit& EditorOf(TextBox& box) { return Of<TextWidget>(box).Editor(); }
+    PassiveEdit& EditorOf(TextBox& box) { return Of<TextBoxWidget>(box).Editor(); }
 
     void ClickIn(TextBox& box) { QTest::mouseClick(EditorOf(box).viewport(), Qt::LeftButton, {}, {40, 5}); }
     void Key(TextBox& box, Qt::Key key, Qt::KeyboardModifiers modifiers = {})
@@ -60,7 +60,7 @@ TEST_F(HistoryInput, EndsAStepOfTypingAtAPause)
 TEST_F(HistoryInput, PutsTheCaretWhereTheTextChanged)
 {
     TextBox& box = Views().txtPreCondition;
-    TextEdit& editor = EditorOf(box);
+    PassiveEdit& editor = EditorOf(box);
     ClickIn(box);
     QTextCursor cursor = editor.textCursor();
     cursor.setPosition(30);

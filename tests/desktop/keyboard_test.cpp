@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 
 #include "desktop/designer_window.h"
-#include "desktop/text_edit.h"
-#include "desktop/text_widget.h"
+#include "desktop/passive_edit.h"
+#include "desktop/text_box_widget.h"
 
 namespace rulemesh {
 

@@ -13,8 +13,8 @@
 #include <QTimer>
 
 #include "desktop/rulemesh_widget.h"
-#include "host/main_window.h"
-#include "host/settings.h"
+#include "host/settings/settings.h"
+#include "host/window/main_window.h"
 #include "platform/temporary_folder.h"
 #include "support/mirror_watch.h"
 

@@ -13,7 +13,7 @@
 
 #include "desktop/rulemesh_widget.h"
 #include "desktop/view_surface.h"
-#include "host/object_file.h"
+#include "host/files/object_file.h"
 
 namespace {
 

@@ -1,0 +1,172 @@
+#include "host/reading/script_statements.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "base/numbers.h"
+#include "document/document_access.h"
+#include "script/keywords.h"
+
+namespace rulemesh {
+
+namespace {
+
+constexpr std::int16_t LastDump = 999;
+constexpr TextView White = u" \t\r\n";
+
+// A line end or bar inside of a comment would end it or begin another one.
+Text OnOneLine(TextView text)
+{
+    Text line;
+    for (const char16_t c : TrimBlanks(text))
+        line += White.find(c) == TextView::npos ? c : u' ';
+    return line;
+}
+
+Text WithComment(const Text& statement, TextView comment)
+{
+    const Text line = OnOneLine(comment);
+    return line.empty() ? statement : statement + u" | " + line;
+}
+
+bool IsWhiteAt(TextView text, std::size_t at) { return at < text.size() && White.find(text[at]) != TextView::npos; }
+
+// Words behind a keyword that stands alone. More generous than the designer, as a number too many does no harm here.
+template <typename Take> void ForEachWordBehind(TextView script, TextView keyword, Take take)
+{
+    for (std::size_t at = FindIgnoringCase(script, keyword); at != TextView::npos;
+         at = FindIgnoringCase(script, keyword, at + 1)) {
+        const bool alone = (at == 0 || IsWhiteAt(script, at - 1)) && IsWhiteAt(script, at + keyword.size());
+        const std::size_t word = script.find_first_not_of(White, at + keyword.size());
+        if (alone && word != TextView::npos)
+            take(script.substr(word, script.find_first_of(White, word) - word));
+    }
+}
+
+void AddDump(std::vector<std::int16_t>& numbers, TextView word)
+{
+    if (!IsNumeric(word))
+        return;
+    const double number = ToDouble(word);
+    if (number > 0 && number <= LastDump)
+        numbers.push_back(ToInt16(word));
+}
+
+void AddDumpsOf(std::vector<std::int16_t>& numbers, TextView script)
+{
+    ForEachWordBehind(script, u"dump", [&](TextView word) { AddDump(numbers, word); });
+}
+
+TextView FirstWord(TextView text)
+{
+    std::int32_t behind = 0;
+    return ReadWord(text, behind);
+}
+
+} // namespace
+
+Text MigrateStatement(TextView StrTable, TextView StrDescription)
+{
+    return WithComment(u"migrate " + Text(StrTable), StrDescription);
+}
+
+Text DumpStatement(std::int16_t IntDump, TextView StrComment)
+{
+    return WithComment(u"dump " + PlainNumber(IntDump), StrComment);
+}
+
+std::optional<std::int16_t> NextFreeDump(const std::vector<std::int16_t>& IntNumbers)
+{
+    const std::int16_t greatest =
+        IntNumbers.empty() ? std::int16_t{0} : *std::max_element(IntNumbers.begin(), IntNumbers.end());
+    if (greatest < LastDump)
+        return ToInt16(std::int64_t{std::max<std::int16_t>(greatest, 0)} + 1);
+    for (std::int16_t number = 1; number <= LastDump; ++number) {
+        if (std::find(IntNumbers.begin(), IntNumbers.end(), number) == IntNumbers.end())
+            return number;
+    }
+    return std::nullopt;
+}
+
+std::vector<std::int16_t> DumpsNamedBy(const std::string& object, TextView StrScript)
+{
+    std::vector<std::int16_t> numbers;
+    AddDumpsOf(numbers, StrScript);
+    XmlDocument document;
+    if (!document.loadXML(object))
+        return numbers;
+    const Text root = u"/" + document.documentElement().baseName();
+    for (const TextView script : {u"/PREC", u"/FUNCTIONS", u"/QUERY"}) {
+        for (const XmlNode& node : document.selectNodes(root + Text(script)))
+            AddDumpsOf(numbers, node.text());
+    }
+    for (const XmlNode& dump : document.selectNodes(root + u"/DUMP"))
+        AddDump(numbers, GetAttribute(dump, u"No"));
+    return numbers;
+}
+
+std::vector<Text> TablesMigratedBy(TextView StrScript)
+{
+    std::vector<Text> tables;
+    ForEachWordBehind(StrScript, u"migrate", [&](TextView word) {
+        if (IsTableCode(word) && std::find(tables.begin(), tables.end(), word) == tables.end())
+            tables.emplace_back(word);
+    });
+    return tables;
+}
+
+bool MigratesCleanly(TextView StrScript)
+{
+    TextView rest = StrScript;
+    for (std::size_t at = FindKeyword(rest, MigrateKeyword); at != 0; at = FindKeyword(rest, MigrateKeyword)) {
+        if (rest.size() <= at + MigrateKeyword.size())
+            return false;
+        const bool counts = StandsAlone(rest, at, MigrateKeyword.size());
+        rest.remove_prefix(at - 1 + MigrateKeyword.size());
+        const TextView table = counts ? FirstWord(rest) : TextView();
+        if (!table.empty() && !IsTableCode(table))
+            return false;
+    }
+    return true;
+}
+
+std::vector<PlacedWord> DumpsPast16Bits(TextView StrScript)
+{
+    constexpr double Greatest = 32767;
+    std::vector<PlacedWord> found;
+    TextView rest = StrScript;
+    for (std::size_t at = FindKeyword(rest, DumpKeyword); at != 0; at = FindKeyword(rest, DumpKeyword)) {
+        const bool counts = !IsInComment(rest, at) && StandsAlone(rest, at, DumpKeyword.size());
+        rest.remove_prefix(at - 1 + DumpKeyword.size());
+        const TextView word = counts ? FirstWord(rest.substr(0, WordLimit)) : TextView();
+        if (!IsNumeric(word) || std::abs(ToDouble(word)) <= Greatest)
+            continue;
+        const auto before = StrScript.substr(0, static_cast<std::size_t>(word.data() - StrScript.data()));
+        found.push_back({Text(word), 1 + static_cast<int>(std::count(before.begin(), before.end(), u'\n'))});
+    }
+    return found;
+}
+
+Insertion InsertLine(TextView StrScript, std::size_t caret, TextView StrStatement)
+{
+    caret = std::min(caret, StrScript.size());
+    const std::size_t lineFeed = caret == 0 ? TextView::npos : StrScript.rfind(u'\n', caret - 1);
+    const std::size_t begin = lineFeed == TextView::npos ? 0 : lineFeed + 1;
+    const std::size_t end = std::min(StrScript.find(u'\n', begin), StrScript.size());
+    const TextView line = StrScript.substr(begin, end - begin);
+    const std::size_t text = std::min(line.find_first_not_of(u" \t"), line.size());
+    const Text indent(line.substr(0, text));
+
+    // An empty line takes the statement; behind any other one it gets a line of its own. The line behind must be told
+    // apart too: a keyword wants white space, and a comment ends with its line.
+    Text script(StrScript.substr(0, text == line.size() ? begin : end));
+    if (text != line.size())
+        script += u'\n';
+    script += indent;
+    script += StrStatement;
+    const std::size_t behind = script.size();
+    script += end < StrScript.size() ? Text(StrScript.substr(end)) : Text(u"\n");
+    return {std::move(script), behind};
+}
+
+} // namespace rulemesh
