@@ -1,6 +1,7 @@
 #include "desktop/view_surface.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -129,15 +130,17 @@ void ViewSurface::FollowFocus()
     }
 }
 
-// The focus that goes to another widget of the window has left the form; one that goes to a menu or with the window's
-// activation has not.
+// The focus that goes to another widget of the window has left the form, at once or while the window was not active;
+// one that goes to a menu or another window has not.
 void ViewSurface::OnFocusChanged(QWidget* old, QWidget* now)
 {
     if (IsInside(old, root_))
         focusLeft_ = std::chrono::steady_clock::now();
-    const bool left = IsInside(old, root_) && now != nullptr && !IsInside(now, root_) &&
-                      now->window() == root_.window() && qobject_cast<QMenuBar*>(now) == nullptr &&
-                      qobject_cast<QMenu*>(now) == nullptr;
+    if (now == nullptr || now->window() != root_.window() || qobject_cast<QMenuBar*>(now) != nullptr ||
+        qobject_cast<QMenu*>(now) != nullptr)
+        return;
+    const bool wasInside = std::exchange(focusInside_, IsInside(now, root_));
+    const bool left = !focusInside_ && (wasInside || tree_.Focused() != nullptr);
     if (left && !following_ && acting_ == 0)
         Act([this] { tree_.UserLeaves(); });
 }

@@ -107,6 +107,7 @@ private:
     int acting_ = 0;
     bool following_ = false;
     bool goingBack_ = false;
+    bool focusInside_ = false;                        // when the window's focus was told of last
     std::chrono::steady_clock::time_point focusLeft_; // when the focus was last seen to go
 };
 

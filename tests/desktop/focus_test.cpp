@@ -1,4 +1,7 @@
 #include "desktop/designer_window.h"
+
+#include <QMenuBar>
+
 #include "desktop/list_widget.h"
 #include "desktop/passive_edit.h"
 #include "desktop/text_box_widget.h"
@@ -14,6 +17,11 @@ protected:
     {
         EXPECT_EQ(Views().Tree.Focused(), nullptr);
         EXPECT_EQ(Host.focusWidget(), static_cast<QWidget*>(&Designer));
+    }
+
+    [[nodiscard]] bool IsSaved(const char* text)
+    {
+        return Designer.Control().DocumentAsItStands().find(text) != std::string::npos;
     }
 };
 
@@ -129,6 +137,43 @@ TEST_F(FocusOfTheWindow, ActivationLeavesTheFocusNowhereWhenTheModelHasNone)
     WidgetOf(Views().txtPreCondition)->setFocus(Qt::OtherFocusReason);
     QApplication::setActiveWindow(&Host);
     ExpectNowhereInTheDesigner();
+}
+
+// Some window systems deliver the press first and activate the window behind it.
+TEST_F(FocusOfTheWindow, ScriptThatAPressInTheInactiveWindowLeavesIsSaved)
+{
+    QTest::mouseClick(Of<TextWidget>(Views().txtPreCondition).Editor().viewport(), Qt::LeftButton, {}, {20, 5});
+    QTest::keyClicks(Host.focusWidget(), QStringLiteral("| left"));
+    ASSERT_FALSE(IsSaved("| left"));
+    QApplication::setActiveWindow(nullptr);
+    QTest::mouseClick(&Line, Qt::LeftButton);
+    QApplication::setActiveWindow(&Host);
+    EXPECT_EQ(Host.focusWidget(), &Line);
+    EXPECT_EQ(Views().Tree.Focused(), nullptr);
+    EXPECT_TRUE(IsSaved("| left"));
+}
+
+TEST_F(FocusOfTheWindow, HostsLineThatTakesItByAMenuIsToldLikeAnyOther)
+{
+    QMenuBar menus(&Host);
+    menus.show();
+    Surface().FocusFor(Views().txtPreCondition);
+    menus.setFocus(Qt::MenuBarFocusReason);
+    EXPECT_TRUE(Views().txtPreCondition.HasFocus());
+    Line.setFocus(Qt::MouseFocusReason);
+    EXPECT_EQ(Views().Tree.Focused(), nullptr);
+}
+
+TEST_F(FocusOfTheWindow, WindowThatComesBackTellsNoSecondLeaving)
+{
+    int exits = 0;
+    const Slot told = std::exchange(Views().Tree.ExitFocus, [&exits] { ++exits; });
+    Surface().FocusFor(Views().txtPreCondition);
+    Line.setFocus(Qt::MouseFocusReason);
+    QApplication::setActiveWindow(nullptr);
+    QApplication::setActiveWindow(&Host);
+    EXPECT_EQ(Host.focusWidget(), &Line);
+    EXPECT_EQ(exits, 1);
 }
 
 TEST_F(FocusOfTheWindow, ButtonThatWaitsForTheEditorHasTakenItFromTheViewBefore)

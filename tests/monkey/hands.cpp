@@ -50,12 +50,12 @@ QString TextOf(Qt::Key key, Qt::KeyboardModifiers modifiers)
 
 } // namespace
 
-// A press of the mouse makes its window the active one first.
-void Hands::Activate(const Place& place)
+// A press of the mouse makes its window the active one: before it arrives, or with some window systems behind it.
+void Hands::Activate(QWindow* window)
 {
-    if (place.Widget == nullptr || QApplication::activePopupWidget() != nullptr)
+    if (window == nullptr || QApplication::activePopupWidget() != nullptr)
         return;
-    place.Widget->window()->activateWindow();
+    window->requestActivate();
     QApplication::processEvents();
 }
 
@@ -119,7 +119,10 @@ void Hands::Perform(const Action& action)
     case Kind::Drop:
         return Drop(action);
     case Kind::CloseBox:
-        if (QWidget* modal = QApplication::activeModalWidget())
+        // The press on the frame shuts a menu that is open, and goes no further.
+        if (QWidget* popup = QApplication::activePopupWidget())
+            popup->close();
+        else if (QWidget* modal = QApplication::activeModalWidget())
             modal->close();
         return;
     default:
@@ -162,7 +165,9 @@ void Hands::Click(const Action& action, int times)
 {
     const Place place = PlaceOf(action, stage_);
     const QPointer<QWindow> window = place.Window;
-    Activate(place);
+    const bool activatesBehind = action.Amount == 0;
+    if (!activatesBehind)
+        Activate(window);
     for (int press = 0; press < times && window != nullptr; ++press) {
         // Two presses in short order are what a toolkit takes for a double click.
         QTest::lastMouseTimestamp -= press > 0 ? QTest::mouseDoubleClickInterval : 0;
@@ -170,6 +175,8 @@ void Hands::Click(const Action& action, int times)
         if (window != nullptr)
             QTest::mouseRelease(window, action.Button, action.Modifiers, place.Position);
     }
+    if (activatesBehind)
+        Activate(window);
 }
 
 // By some pixels, as a hand shakes, or far; a text that is dragged is let fall from a timer, as the drag is waited for.
@@ -184,7 +191,7 @@ void Hands::Drag(const Action& action)
     const QPoint near(std::clamp(place.Position.x() + action.Amount, 1, std::max(1, window->width() - 1)),
                       std::clamp(place.Position.y() + action.Amount, 1, std::max(1, window->height() - 1)));
     const QPoint end = action.Target % 3 == 0 ? near : far;
-    Activate(place);
+    Activate(window);
     QTest::mousePress(window, action.Button, action.Modifiers, place.Position);
     finishDrag_ = [=] {
         for (int step = 0; step < 2 && window != nullptr; ++step)

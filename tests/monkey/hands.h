@@ -17,7 +17,7 @@ public:
     void Do(const Action& action, const std::function<void(QWidget&)>& whenBlocked);
 
 private:
-    static void Activate(const Place& place);
+    static void Activate(QWindow* window);
     void Perform(const Action& action);
     void PressKey(const Action& action);
     void Type(const QString& text);
