@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "base/failure.h"
 #include "base/numbers.h"
 #include "document/control_state.h"
 
@@ -24,37 +23,22 @@ constexpr bool IsLineEnd(char16_t character) noexcept { return character == u'\n
 
 } // namespace
 
-TextView ReadWord(TextView StrText, std::int32_t& LngPosition)
+TextView NextWord(TextView StrText) noexcept
 {
     const std::size_t start = std::min(StrText.find_first_not_of(White), StrText.size());
-    const TextView inFront = StrText.substr(0, start);
-    const TextView word = StrText.substr(start, StrText.find_first_of(White, start) - start);
-    const auto blanks = static_cast<std::size_t>(std::count(inFront.begin(), inFront.end(), u' '));
-    LngPosition += static_cast<std::int32_t>(start - blanks + std::min(word.size(), WordLimit + 1));
-    if (word.size() > WordLimit)
-        throw Failure(FailureCode::Overflow, u"The word that begins with \"" + Text(word.substr(0, 20)) +
-                                                 u"\" is longer than 32767 characters");
-    return word;
+    return StrText.substr(start, StrText.find_first_of(White, start) - start);
 }
 
-bool IsKeywordAt(TextView StrText, std::size_t LngPosition, std::size_t LngLength, TextView StrMessage,
-                 Platform& platform)
-{
-    // Strictly more: a keyword in front of one last character counts as followed by nothing.
-    if (StrText.size() > LngPosition + LngLength)
-        return StandsAlone(StrText, LngPosition, LngLength);
-    const bool startsText = LngPosition == 1;
-    if (startsText || IsWhite(CharacterAt(StrText, LngPosition - 1)))
-        platform.ShowMessage(
-            {.Text = Text(StrMessage), .Icon = startsText ? MessageIcon::Critical : MessageIcon::Notice});
-    return false;
-}
-
-bool StandsAlone(TextView StrText, std::size_t LngPosition, std::size_t LngLength) noexcept
+bool IsKeywordAt(TextView StrText, std::size_t LngPosition, std::size_t LngLength) noexcept
 {
     const std::size_t behind = LngPosition + LngLength;
-    return StrText.size() > behind && IsWhite(CharacterAt(StrText, behind)) &&
-           (LngPosition == 1 || IsWhite(CharacterAt(StrText, LngPosition - 1)));
+    // Strictly more: a keyword in front of one last character counts as followed by nothing.
+    return StrText.size() > behind && IsWhite(CharacterAt(StrText, behind)) && HasWhiteInFront(StrText, LngPosition);
+}
+
+bool HasWhiteInFront(TextView StrText, std::size_t LngPosition) noexcept
+{
+    return LngPosition == 1 || IsWhite(CharacterAt(StrText, LngPosition - 1));
 }
 
 bool IsInComment(TextView StrText, std::size_t LngPosition)
@@ -90,7 +74,5 @@ bool IsTableCode(TextView StrName)
     return StrName.size() == TableCodeLength && StrName.substr(0, 5).find_first_of(u"0123456789") == TextView::npos &&
            IsNumeric(StrName.substr(5));
 }
-
-std::size_t FindKeyword(TextView StrText, TextView StrKeyword) { return FindIgnoringCase(StrText, StrKeyword) + 1; }
 
 } // namespace rulemesh

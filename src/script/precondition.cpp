@@ -1,6 +1,7 @@
 #include "script/precondition.h"
 
 #include <algorithm>
+#include <memory>
 #include <unordered_set>
 
 #include "base/case_map.h"
@@ -40,7 +41,8 @@ void PreConditions::SavePreCondition()
     const Text StrStored = node.text();
     scanner_.ParseMigrateKeywords(StrStored);
     state_.StrPriorMigrateTables = state_.StrMigrateTables;
-    scanner_.ParseMigrateKeywords(box.Text());
+    const std::shared_ptr<const Text> StrShown = box.SharedText(); // a complaint may let the host set another one
+    scanner_.ParseMigrateKeywords(*StrShown);
     state_.StrNewMigrateTables = state_.StrMigrateTables;
 
     if (MigrateStatementsLost()) {

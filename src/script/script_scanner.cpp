@@ -9,48 +9,32 @@
 
 namespace rulemesh {
 
-// The rest of the script is cut right behind every hit, so the tests of what stands in front of a keyword look back
-// no further than to the previous hit: of two dumps behind one bar only the first is commented out.
 void ScriptScanner::ScanDumpKeywords(TextView StrText, std::vector<std::int16_t>& IntNumbers,
                                      std::vector<Text>& StrTexts)
 {
-    TextView Rest = StrText;
-    std::size_t position = FindKeyword(Rest, DumpKeyword);
-    const auto cutBehindHit = [&] {
-        Rest.remove_prefix(position - 1 + DumpKeyword.size());
-        position = FindKeyword(Rest, DumpKeyword);
-    };
-    while (position != 0) {
-        if (IsInComment(Rest, position)) {
-            cutBehindHit();
-            continue;
-        }
-        const bool Ok = IsKeywordAt(Rest, position, DumpKeyword.size(),
-                                    u"Dump Keyword Must be Followed by a Dump Number", platform_);
-        if (Rest.size() <= position + DumpKeyword.size())
-            return;
-        cutBehindHit();
-        if (!Ok)
-            continue;
-        std::int32_t scratch = 0;
-        const TextView word = NextWord(Rest, scratch);
-        if (!IsNumeric(word))
-            continue;
-        const std::int16_t IntDump =
-            Telling([] { return u"The number of a dump statement"; }, [&] { return ToInt16(word); });
-        if (IntDump < DumpNumberLimit)
-            RegisterDump(IntDump, IntNumbers, GetDumpComment(Rest), StrTexts);
+    StatementCursor statements(StrText, {.Dump = true});
+    while (const std::optional<Statement> dump = statements.Next()) {
+        if (dump->IsInForce())
+            RegisterDump(dump->Number, IntNumbers, GetDumpComment(StrText.substr(dump->Position + DumpKeyword.size())),
+                         StrTexts);
+        else if (!dump->IsCommented)
+            Complain(*dump);
     }
 }
 
-TextView ScriptScanner::NextWord(TextView StrText, std::int32_t& LngPosition)
+// A word that is no number and a number that is too great are passed over in silence.
+void ScriptScanner::Complain(const Statement& dump)
 {
-    try {
-        return ReadWord(StrText, LngPosition);
-    } catch (const Failure& failure) {
-        document_.RecordError(failure.Number(), failure.Description(), 2002, u"Error Getting the NextWord");
-        return {};
-    }
+    if (dump.Fault == StatementFault::NothingBehind)
+        platform_.ShowMessage({.Text = u"Dump Keyword Must be Followed by a Dump Number",
+                               .Icon = dump.StartsText ? MessageIcon::Critical : MessageIcon::Notice});
+    else if (dump.Fault == StatementFault::NumberPast16Bits)
+        Telling([] { return u"The number of a dump statement"; }, [&] { return ToInt16(dump.Word); });
+    else if (dump.Fault == StatementFault::WordTooLong)
+        document_.RecordError(static_cast<int>(FailureCode::Overflow),
+                              u"The word that begins with \"" + Text(dump.Word.substr(0, 20)) +
+                                  u"\" is longer than 32767 characters",
+                              2002, u"Error Getting the NextWord");
 }
 
 bool ScriptScanner::RegisterDump(std::int16_t IntDump, std::vector<std::int16_t>& IntNumbers, const Text& StrText,
@@ -96,43 +80,39 @@ void ScriptScanner::ReadMigrateTables(TextView StrText)
         throw Failure(FailureCode::Overflow, u"The precondition has " +
                                                  PlainNumber(static_cast<std::int64_t>(StrText.size())) +
                                                  u" characters; its statements are found in up to 32767");
-    TextView Rest = StrText;
-    for (std::size_t position = FindKeyword(Rest, MigrateKeyword); position != 0;
-         position = FindKeyword(Rest, MigrateKeyword)) {
-        if (Rest.size() <= position + MigrateKeyword.size()) {
-            platform_.ShowMessage(
-                {.Text = u"Migrate Keyword Has to be followed by a TableName", .Icon = MessageIcon::Critical});
+    StatementCursor statements(StrText, {.Migrate = true});
+    while (const std::optional<Statement> migrate = statements.Next())
+        AddMigrateTable(*migrate);
+}
+
+void ScriptScanner::AddMigrateTable(const Statement& migrate)
+{
+    switch (migrate.Fault) {
+    case StatementFault::None:
+        if (IsInStringList(state_.StrMigrateTables, migrate.Word))
             return;
-        }
-        const bool Ok = IsKeywordAt(Rest, position, MigrateKeyword.size(),
-                                    u"Migrate Keyword has to followed by a TableName", platform_);
-        Rest.remove_prefix(position - 1 + MigrateKeyword.size());
-        if (!Ok)
-            continue;
-        std::int32_t scratch = 0;
-        const TextView word = NextWord(TrimBlanks(Rest), scratch);
-        if (!word.empty())
-            AddMigrateTable(word);
+        if (IsEmptyList(state_.StrMigrateTables))
+            state_.StrMigrateTables.front() = migrate.Word;
+        else
+            state_.StrMigrateTables.emplace_back(migrate.Word);
+        return;
+    case StatementFault::NothingBehind:
+        platform_.ShowMessage(
+            {.Text = u"Migrate Keyword Has to be followed by a TableName", .Icon = MessageIcon::Critical});
+        return;
+    case StatementFault::TableLength:
+        return RefuseTable(u"Table Name not Valid");
+    case StatementFault::TableForm:
+        return RefuseTable(u"Invalid table name '" + Text(migrate.Word) + u"'");
+    default:
+        return; // white characters alone
     }
 }
 
-bool ScriptScanner::AddMigrateTable(TextView StrName)
+void ScriptScanner::RefuseTable(const Text& StrText)
 {
-    if (IsInStringList(state_.StrMigrateTables, StrName))
-        return false;
-    if (!IsTableCode(StrName)) {
-        const bool wrongLength = StrName.size() != TableCodeLength;
-        platform_.ShowMessage(
-            {.Text = wrongLength ? Text(u"Table Name not Valid") : u"Invalid table name '" + Text(StrName) + u"'",
-             .Icon = MessageIcon::Critical});
-        views_.txtPreCondition.SetFocus();
-        return false;
-    }
-    if (IsEmptyList(state_.StrMigrateTables))
-        state_.StrMigrateTables.front() = StrName;
-    else
-        state_.StrMigrateTables.emplace_back(StrName);
-    return true;
+    platform_.ShowMessage({.Text = StrText, .Icon = MessageIcon::Critical});
+    views_.txtPreCondition.SetFocus();
 }
 
 void ScriptScanner::FillMigrateList()

@@ -5,13 +5,13 @@
 
 #include "document/document_access.h"
 #include "platform/platform.h"
+#include "script/statements.h"
 #include "views/designer_views.h"
 
 namespace rulemesh {
 
-/// Searches scripts for the two keywords that tie them to the mapping object, `dump` and `migrate`. A script is text
-/// in which a keyword is searched as a bare substring, in any case, and then tested for what surrounds the hit; there
-/// is no grammar. Complaints are shown to the user each time that a script is scanned.
+/// Takes out of scripts what ties them to the mapping object: the dumps and the tables that their statements name.
+/// Complaints are shown to the user each time that a script is scanned.
 class ScriptScanner {
 public:
     ScriptScanner(DocumentAccess& document, ControlState& state, DesignerViews& views, Platform& platform)
@@ -30,14 +30,13 @@ public:
     /// Shows StrMigrateTables in lstMigrateSource, with an empty row behind each.
     void FillMigrateList();
 
-    /// The first word of the text, as ReadWord reads it; one that is too long is recorded as an error and reads as "".
-    TextView NextWord(TextView StrText, std::int32_t& LngPosition);
-
 private:
-    bool AddMigrateTable(TextView StrName);
+    void AddMigrateTable(const Statement& migrate);
     bool RegisterDump(std::int16_t IntDump, std::vector<std::int16_t>& IntNumbers, const Text& StrText,
                       std::vector<Text>& StrTexts);
     void ReadMigrateTables(TextView StrText);
+    void RefuseTable(const Text& StrText);
+    void Complain(const Statement& dump);
 
     DocumentAccess& document_;
     ControlState& state_;

@@ -2,44 +2,27 @@
 
 #include <algorithm>
 
-#include "base/failure.h"
-#include "base/numbers.h"
 #include "script/keywords.h"
 
 namespace rulemesh {
 
 namespace {
 
-bool IsDumpInForce(TextView word)
+// Keyword and word of each statement in force.
+std::vector<ScriptSpan> StatementSpans(TextView StrScript, ScannedFor scanned)
 {
-    try {
-        return IsNumeric(word) && ToInt16(word) < DumpNumberLimit;
-    } catch (const Failure&) {
-        return false; // past 16 bits
-    }
-}
-
-// Appends keyword and word of each statement in force.
-template <typename InForce>
-void AppendStatements(std::vector<ScriptSpan>& spans, TextView StrScript, TextView StrKeyword, ScriptSpan::Kind kind,
-                      InForce inForce)
-{
-    TextView Rest = StrScript;
-    for (std::size_t position = FindKeyword(Rest, StrKeyword); position != 0;
-         position = FindKeyword(Rest, StrKeyword)) {
-        const bool outOfForce = (kind == ScriptSpan::Kind::Dump && IsInComment(Rest, position)) ||
-                                !StandsAlone(Rest, position, StrKeyword.size());
-        const std::size_t keyword = StrScript.size() - Rest.size() + position - 1;
-        Rest.remove_prefix(position - 1 + StrKeyword.size());
-        if (outOfForce)
+    std::vector<ScriptSpan> spans;
+    StatementCursor statements(StrScript, scanned);
+    while (const std::optional<Statement> statement = statements.Next()) {
+        if (!statement->IsInForce())
             continue;
-        const std::size_t start = std::min(Rest.find_first_not_of(u"\n\r\t "), Rest.size());
-        const TextView word = Rest.substr(start, Rest.find_first_of(u"\n\r\t ", start) - start);
-        if (word.size() > WordLimit || !inForce(word))
-            continue;
-        spans.push_back({keyword, StrKeyword.size(), kind});
-        spans.push_back({StrScript.size() - Rest.size() + start, word.size(), kind});
+        const bool isMigrate = statement->What == Statement::Kind::Migrate;
+        const ScriptSpan::Kind kind = isMigrate ? ScriptSpan::Kind::Migrate : ScriptSpan::Kind::Dump;
+        spans.push_back({statement->Position, (isMigrate ? MigrateKeyword : DumpKeyword).size(), kind});
+        spans.push_back(
+            {static_cast<std::size_t>(statement->Word.data() - StrScript.data()), statement->Word.size(), kind});
     }
+    return spans;
 }
 
 // Appends the parts of a comment that the statements, which are in order, leave free.
@@ -63,13 +46,8 @@ bool ComesFirst(const ScriptSpan& a, const ScriptSpan& b) noexcept { return a.Po
 
 std::vector<ScriptSpan> ScriptSpans(TextView StrScript, ScannedFor scanned)
 {
-    std::vector<ScriptSpan> statements;
-    if (scanned.Migrate && StrScript.size() <= PreconditionLimit)
-        AppendStatements(statements, StrScript, MigrateKeyword, ScriptSpan::Kind::Migrate, IsTableCode);
-    if (scanned.Dump)
-        AppendStatements(statements, StrScript, DumpKeyword, ScriptSpan::Kind::Dump, IsDumpInForce);
-    std::stable_sort(statements.begin(), statements.end(), ComesFirst);
-
+    scanned.Migrate = scanned.Migrate && StrScript.size() <= PreconditionLimit;
+    const std::vector<ScriptSpan> statements = StatementSpans(StrScript, scanned);
     std::vector<ScriptSpan> spans;
     for (std::size_t bar = StrScript.find(u'|'); bar != TextView::npos; bar = StrScript.find(u'|', bar)) {
         const std::size_t lineEnd = std::min(StrScript.find(u'\n', bar), StrScript.size());

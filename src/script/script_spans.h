@@ -3,10 +3,11 @@
 #include <vector>
 
 #include "base/text.h"
+#include "script/statements.h"
 
 namespace rulemesh {
 
-/// A stretch of a script that the scanners see as one thing. Positions are offsets from 0.
+/// A stretch of a script that is coloured as one thing. Positions are offsets from 0.
 struct ScriptSpan {
     enum class Kind { Comment, Migrate, Dump };
 
@@ -15,13 +16,6 @@ struct ScriptSpan {
     Kind What = Kind::Comment;
 
     friend bool operator==(const ScriptSpan&, const ScriptSpan&) = default;
-};
-
-/// Which scanners run over a script: migrate statements are looked for in the precondition alone, dump statements in
-/// the precondition, the main queries and the functions.
-struct ScannedFor {
-    bool Migrate = false;
-    bool Dump = false;
 };
 
 /// The statements in force, keyword and word each, and the comments of a script, in order and without overlap. A

@@ -70,6 +70,16 @@ TEST_F(PreConditionsTest, AnAbsentElementFailsBetweenTheResetOfTheListsAndTheSea
     EXPECT_EQ(state_.IntErrorCode, 0);
 }
 
+// Refusing a table gives the box the focus, and the host may answer that with another script.
+TEST_F(PreConditionsTest, ReadsTheScriptToItsEndThoughTheHostSetsAnother)
+{
+    Open("");
+    views_.lstSourceTables.SetFocus();
+    box_.GotFocus = [this] { box_.Text(Text(4000, u'y')); };
+    Save(u"migrate wrong " + Text(2000, u'x') + u" migrate abcde123");
+    EXPECT_THAT(state_.StrNewMigrateTables, ElementsAre(u"abcde123"));
+}
+
 TEST_F(PreConditionsTest, StoresWithoutAWarningWhenAStatementIsAdded)
 {
     Open("migrate abcde123");

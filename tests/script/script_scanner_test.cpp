@@ -445,22 +445,5 @@ TEST_F(ParseMigrateKeywords, DrawsTheListAnewEachTime)
     EXPECT_THAT(RowsOf(views_.lstMigrateSource), ElementsAre(u"migrate fghij456", u""));
 }
 
-class NextWord : public ScriptBench {};
-
-TEST_F(NextWord, ReadsAWordAndMovesThePosition)
-{
-    std::int32_t LngPosition = 7;
-    EXPECT_EQ(scanner_.NextWord(u" \r\n srtab001 x", LngPosition), u"srtab001");
-    EXPECT_EQ(LngPosition, 7 + 2 + 8);
-    EXPECT_EQ(state_.IntErrorCode, 0);
-}
-
-TEST_F(NextWord, RecordsAWordThatIsTooLongAndReadsItAsNone)
-{
-    std::int32_t LngPosition = 0;
-    EXPECT_EQ(scanner_.NextWord(Text(32768, u'x'), LngPosition), u"");
-    EXPECT_EQ(state_.IntErrorCode, 6);
-}
-
 } // namespace
 } // namespace rulemesh

@@ -1,11 +1,10 @@
 #include "host/reading/script_statements.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "base/numbers.h"
 #include "document/document_access.h"
-#include "script/keywords.h"
+#include "script/statements.h"
 
 namespace rulemesh {
 
@@ -29,20 +28,6 @@ Text WithComment(const Text& statement, TextView comment)
     return line.empty() ? statement : statement + u" | " + line;
 }
 
-bool IsWhiteAt(TextView text, std::size_t at) { return at < text.size() && White.find(text[at]) != TextView::npos; }
-
-// Words behind a keyword that stands alone. More generous than the designer, as a number too many does no harm here.
-template <typename Take> void ForEachWordBehind(TextView script, TextView keyword, Take take)
-{
-    for (std::size_t at = FindIgnoringCase(script, keyword); at != TextView::npos;
-         at = FindIgnoringCase(script, keyword, at + 1)) {
-        const bool alone = (at == 0 || IsWhiteAt(script, at - 1)) && IsWhiteAt(script, at + keyword.size());
-        const std::size_t word = script.find_first_not_of(White, at + keyword.size());
-        if (alone && word != TextView::npos)
-            take(script.substr(word, script.find_first_of(White, word) - word));
-    }
-}
-
 void AddDump(std::vector<std::int16_t>& numbers, TextView word)
 {
     if (!IsNumeric(word))
@@ -52,15 +37,14 @@ void AddDump(std::vector<std::int16_t>& numbers, TextView word)
         numbers.push_back(ToInt16(word));
 }
 
+// Those behind a bar too: a number too many does no harm here.
 void AddDumpsOf(std::vector<std::int16_t>& numbers, TextView script)
 {
-    ForEachWordBehind(script, u"dump", [&](TextView word) { AddDump(numbers, word); });
-}
-
-TextView FirstWord(TextView text)
-{
-    std::int32_t behind = 0;
-    return ReadWord(text, behind);
+    StatementCursor statements(script, {.Dump = true});
+    while (const std::optional<Statement> dump = statements.Next()) {
+        if (dump->Fault == StatementFault::None && dump->Number > 0)
+            numbers.push_back(dump->Number);
+    }
 }
 
 } // namespace
@@ -108,23 +92,19 @@ std::vector<std::int16_t> DumpsNamedBy(const std::string& object, TextView StrSc
 std::vector<Text> TablesMigratedBy(TextView StrScript)
 {
     std::vector<Text> tables;
-    ForEachWordBehind(StrScript, u"migrate", [&](TextView word) {
-        if (IsTableCode(word) && std::find(tables.begin(), tables.end(), word) == tables.end())
-            tables.emplace_back(word);
-    });
+    StatementCursor statements(StrScript, {.Migrate = true});
+    while (const std::optional<Statement> migrate = statements.Next()) {
+        if (migrate->IsInForce() && std::find(tables.begin(), tables.end(), migrate->Word) == tables.end())
+            tables.emplace_back(migrate->Word);
+    }
     return tables;
 }
 
 bool MigratesCleanly(TextView StrScript)
 {
-    TextView rest = StrScript;
-    for (std::size_t at = FindKeyword(rest, MigrateKeyword); at != 0; at = FindKeyword(rest, MigrateKeyword)) {
-        if (rest.size() <= at + MigrateKeyword.size())
-            return false;
-        const bool counts = StandsAlone(rest, at, MigrateKeyword.size());
-        rest.remove_prefix(at - 1 + MigrateKeyword.size());
-        const TextView table = counts ? FirstWord(rest) : TextView();
-        if (!table.empty() && !IsTableCode(table))
+    StatementCursor statements(StrScript, {.Migrate = true});
+    while (const std::optional<Statement> migrate = statements.Next()) {
+        if (!migrate->IsInForce() && migrate->Fault != StatementFault::NoWord)
             return false;
     }
     return true;
@@ -132,17 +112,13 @@ bool MigratesCleanly(TextView StrScript)
 
 std::vector<PlacedWord> DumpsPast16Bits(TextView StrScript)
 {
-    constexpr double Greatest = 32767;
     std::vector<PlacedWord> found;
-    TextView rest = StrScript;
-    for (std::size_t at = FindKeyword(rest, DumpKeyword); at != 0; at = FindKeyword(rest, DumpKeyword)) {
-        const bool counts = !IsInComment(rest, at) && StandsAlone(rest, at, DumpKeyword.size());
-        rest.remove_prefix(at - 1 + DumpKeyword.size());
-        const TextView word = counts ? FirstWord(rest.substr(0, WordLimit)) : TextView();
-        if (!IsNumeric(word) || std::abs(ToDouble(word)) <= Greatest)
+    StatementCursor statements(StrScript, {.Dump = true});
+    while (const std::optional<Statement> dump = statements.Next()) {
+        if (dump->Fault != StatementFault::NumberPast16Bits || dump->IsCommented)
             continue;
-        const auto before = StrScript.substr(0, static_cast<std::size_t>(word.data() - StrScript.data()));
-        found.push_back({Text(word), 1 + static_cast<int>(std::count(before.begin(), before.end(), u'\n'))});
+        const auto before = StrScript.substr(0, static_cast<std::size_t>(dump->Word.data() - StrScript.data()));
+        found.push_back({Text(dump->Word), 1 + static_cast<int>(std::count(before.begin(), before.end(), u'\n'))});
     }
     return found;
 }

@@ -46,6 +46,19 @@ TEST(TablesMigratedBy, ListsEachValidTableOnce)
         ElementsAre(u"custs001", u"ordrs001"));
 }
 
+// Where the designer's reading is odd, what is offered goes by it.
+TEST(DumpsNamedBy, HoldsWhatTheDesignerRegistersAndWhatABarHides)
+{
+    EXPECT_THAT(DumpsNamedBy("<partn101/>", u"dumpdump 5 dump 999.4 | dump 7 xdump 8"), ElementsAre(5, 999, 7));
+    EXPECT_THAT(DumpsNamedBy("<partn101/>", u"dump -2 dump 0 dump 999.5 dump 40000"), ElementsAre());
+}
+
+TEST(TablesMigratedBy, ListsWhatTheDesignerDoes)
+{
+    EXPECT_THAT(TablesMigratedBy(u"migratemigrate custs001 |migrate ordrs001 | migrate prodc001"),
+                ElementsAre(u"custs001", u"prodc001"));
+}
+
 TEST(InsertLine, PutsTheStatementOnALineOfItsOwn)
 {
     struct Case {
@@ -76,12 +89,15 @@ TEST(MigratesCleanly, ComplainsAsTheDesignerDoes)
     EXPECT_FALSE(MigratesCleanly(u"migrate custs1"));
     EXPECT_FALSE(MigratesCleanly(u"migrate custs001 | then migrate it"));
     EXPECT_FALSE(MigratesCleanly(u"migrate custs001\r\nmigrate"));
+    EXPECT_TRUE(MigratesCleanly(u"migrate custs001\r\nmigrate  \r\n"));
+    EXPECT_FALSE(MigratesCleanly(u"migrate " + Text(32768, u'x')));
 }
 
 TEST(DumpsPast16Bits, AreFoundWithTheirLine)
 {
     EXPECT_EQ(DumpsPast16Bits(u"dump 1\r\n\r\ndump 40000 | x"), (std::vector<PlacedWord>{{u"40000", 3}}));
     EXPECT_EQ(DumpsPast16Bits(u"dump\n-1e9 dump 32768"), (std::vector<PlacedWord>{{u"-1e9", 2}, {u"32768", 2}}));
+    EXPECT_TRUE(DumpsPast16Bits(u"dump -32768 dump 32767.4 dump " + Text(32768, u'9')).empty());
     EXPECT_TRUE(DumpsPast16Bits(u"dump 32767 | dump 40000 xdump 40000\ndump word").empty());
 }
 
