@@ -3,7 +3,7 @@
 #include <array>
 #include <map>
 
-#include "drive/host_requests.h"
+#include "drive/named_view.h"
 
 namespace rulemesh {
 

@@ -1,62 +1,14 @@
 #include "drive/session.h"
 
 #include <algorithm>
-#include <functional>
-#include <map>
 #include <new>
 
 #include "base/failure.h"
 #include "base/utf8.h"
-#include "drive/host_requests.h"
-#include "drive/look_requests.h"
-#include "drive/user_requests.h"
+#include "drive/request_id.h"
+#include "drive/verbs.h"
 
 namespace rulemesh {
-
-// The control, and the desktop and host that it talks to.
-class Session::Desk {
-public:
-    explicit Desk(std::unique_ptr<Stage> stage) : stage_(std::move(stage)) { stage_->Create(platform_, platform_); }
-
-    [[nodiscard]] Json Do(const Request& request);
-
-    [[nodiscard]] Json TakeHappened() { return platform_.TakeHappened(); }
-    void Settle() { stage_->Settle(); }
-    [[nodiscard]] ctlRulemesh& Control() { return stage_->Control(); }
-
-private:
-    std::unique_ptr<Stage> stage_;
-    ScriptedPlatform platform_{stage_->Hands(),
-                               [this](const Json& reply) { ActInEvent(stage_->Control(), Request(reply)); }};
-};
-
-Json Session::Desk::Do(const Request& request)
-{
-    using ControlVerb = std::function<Json(ctlRulemesh&, const Request&)>;
-    using UserVerb = std::function<Json(Stage&, const Request&)>;
-    static const std::map<std::string, ControlVerb> controlVerbs = {
-        {"let", LetProperty},      {"get", GetProperty}, {"call", CallMember},
-        {"resize", ResizeControl}, {"set", SetVisible},  {"read", ReadView},
-        {"focused", ReadFocused},  {"state", ReadState}, {"xml", ReadXml},
-    };
-    static const std::map<std::string, UserVerb> userVerbs = {
-        {"click", Click},        {"tab", ClickTab},         {"focus", MoveFocus}, {"leave", Leave},  {"type", Type},
-        {"key", PressKey},       {"press", PressCharacter}, {"choose", Choose},   {"row", ClickRow}, {"tick", Tick},
-        {"header", ClickHeader}, {"cell", ClickCell},       {"scroll", Scroll},
-    };
-    const std::string word = request.Word("do");
-    if (word == "create") {
-        stage_->Create(platform_, platform_);
-        return nullptr;
-    }
-    if (word == "reply")
-        return LayReplyReady(platform_, request);
-    if (const auto verb = controlVerbs.find(word); verb != controlVerbs.end())
-        return verb->second(stage_->Control(), request);
-    if (const auto verb = userVerbs.find(word); verb != userVerbs.end())
-        return verb->second(*stage_, request);
-    throw Refusal("there is no verb \"" + word + "\"");
-}
 
 namespace {
 
@@ -87,39 +39,47 @@ bool AlwaysHasValue(const Json& request) { return request.value("do", Json()) ==
 
 } // namespace
 
-Session::Session() : Session(std::make_unique<WindowlessStage>()) {}
+Session::Session() : Session([] { return std::make_unique<WindowlessStage>(); }) {}
 
-Session::Session(std::unique_ptr<Stage> stage) : desk_(std::make_unique<Desk>(std::move(stage))) {}
+Session::Session(StageMaker maker) : desks_(std::make_unique<Desks>(std::move(maker))) {}
 
 Session::~Session() = default;
 
 std::string Session::Answer(const std::string& line)
 {
-    Json answer = {{"ok", false}};
-    Json outcome = Json::object();
+    Json request;
+    Json answer = Json::object();
+    Json trouble = Json::object();
     try {
-        const Json request = ParseLine(line);
+        request = ParseLine(line);
         if (!request.is_object())
             throw Refusal("the line is not a JSON object");
-        Json value = desk_->Do(Request(request));
+        if (request.contains("id"))
+            answer["id"] = IdForAnswer(request.at("id"));
+        answer["ok"] = false;
+        Json value = Do(*desks_, Request(request));
         if (ShowsTheObject(request))
-            WarnOfForeignRoot();
+            WarnOfForeignRoot(desks_->Of(Request(request)).Control());
         if (!value.is_null() || AlwaysHasValue(request))
             answer["value"] = std::move(value);
-        answer["ok"] = true;
     } catch (const Refusal& refusal) {
-        outcome["refused"] = OneLine(refusal.what());
+        trouble["refused"] = OneLine(refusal.what());
     } catch (const Failure& failure) {
-        outcome["failure"] = Described(failure);
+        trouble["failure"] = Described(failure);
     } catch (const std::bad_alloc&) {
-        outcome["failure"] = OutOfMemory();
+        trouble["failure"] = OutOfMemory();
     }
-    desk_->Settle();
-    answer["happened"] = desk_->TakeHappened();
-    answer.update(outcome);
+    done_ = trouble.empty();
+    answer["ok"] = done_;
+    Desk* const desk = desks_->Find(Request(request));
+    if (desk != nullptr)
+        desk->Where().Settle();
+    answer["happened"] = desk != nullptr ? desk->Platform().TakeHappened() : Json::array();
+    answer.update(trouble);
     try {
         return LineOf(answer);
     } catch (const std::bad_alloc&) {
+        done_ = false;
         answer.erase("value"); // which was too large to be written down
         answer["ok"] = false;
         answer["failure"] = OutOfMemory();
@@ -127,9 +87,8 @@ std::string Session::Answer(const std::string& line)
     }
 }
 
-void Session::WarnOfForeignRoot() const
+void Session::WarnOfForeignRoot(const ctlRulemesh& control) const
 {
-    const ctlRulemesh& control = desk_->Control();
     if (const Text root = control.ForeignRoot(); !root.empty())
         OnWarning("nothing is shown, since the object's root is \"" + ToUtf8(root) + "\" and TargetTable is \"" +
                   ToUtf8(control.State().StrTargetTable) + "\"");

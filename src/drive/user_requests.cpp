@@ -1,7 +1,10 @@
 #include "drive/user_requests.h"
 
+#include <algorithm>
+
 #include "base/utf8.h"
-#include "drive/host_requests.h"
+#include "document/field_catalogue.h"
+#include "drive/named_view.h"
 
 namespace rulemesh {
 
@@ -33,11 +36,49 @@ void RequireWithin(int number, int first, int last, const char* name)
         throw Refusal(std::string("\"") + name + "\" is out of range");
 }
 
-int RowOf(const ListView& list, const Request& request)
+// Where the names of fields stand in a row of the list.
+int PositionOfFields(DesignerViews& views, const ListView& list)
 {
+    if (&list == &views.lstSourceFields)
+        return SourceField::Name;
+    if (&list == &views.lstTargetFields)
+        return TargetField::Name;
+    throw Refusal(NameOf(list) + " has no fields; give \"row\"");
+}
+
+int RowOfField(DesignerViews& views, const ListView& list, const Text& field)
+{
+    const int position = PositionOfFields(views, list);
+    for (int row = 1; row <= list.Count(); ++row) {
+        if (list.At(row).TextAt(position) == field)
+            return row;
+    }
+    throw Refusal(NameOf(list) + " has no field \"" + ToUtf8(field) + "\"");
+}
+
+int RowOf(Stage& stage, const ListView& list, const Request& request)
+{
+    if (!request.Has("row") && request.Has("field"))
+        return RowOfField(stage.Control().Views(), list, request.TextMember("field"));
     const int row = request.Number("row");
     RequireWithin(row, 1, list.Count(), "row");
     return row;
+}
+
+int IndexOf(const ComboBox& combo, const Request& request)
+{
+    const std::vector<ComboBox::Entry>& entries = combo.Entries();
+    if (!request.Has("index") && request.Has("data")) {
+        const int data = request.Number("data");
+        const auto found = std::find_if(entries.begin(), entries.end(),
+                                        [data](const ComboBox::Entry& entry) { return entry.Data == data; });
+        if (found == entries.end())
+            throw Refusal(NameOf(combo) + " has no entry with the data " + std::to_string(data));
+        return static_cast<int>(found - entries.begin());
+    }
+    const int index = request.Number("index");
+    RequireWithin(index, 0, static_cast<int>(entries.size()) - 1, "index");
+    return index;
 }
 
 void RequireFocusable(const View& view)
@@ -115,16 +156,14 @@ Json PressCharacter(Stage& stage, const Request& request)
 Json Choose(Stage& stage, const Request& request)
 {
     auto& combo = Reachable<ComboBox>(stage, request);
-    const int index = request.Number("index");
-    RequireWithin(index, 0, static_cast<int>(combo.Entries().size()) - 1, "index");
-    stage.Hands().Choose(combo, index);
+    stage.Hands().Choose(combo, IndexOf(combo, request));
     return nullptr;
 }
 
 Json ClickRow(Stage& stage, const Request& request)
 {
     auto& list = Reachable<ListView>(stage, request);
-    stage.Hands().ClickRow(list, RowOf(list, request));
+    stage.Hands().ClickRow(list, RowOf(stage, list, request));
     return nullptr;
 }
 
@@ -133,7 +172,7 @@ Json Tick(Stage& stage, const Request& request)
     auto& list = Reachable<ListView>(stage, request);
     if (!list.HasCheckBoxes())
         throw Refusal(NameOf(list) + " has no check boxes");
-    const int row = RowOf(list, request);
+    const int row = RowOf(stage, list, request);
     stage.Hands().Tick(list, row, request.Flag("on"));
     return nullptr;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "drive/request.h"
-#include "drive/user_hands.h"
+#include "drive/stage.h"
 
 namespace rulemesh {
 

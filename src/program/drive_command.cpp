@@ -62,44 +62,53 @@ bool PutLine(const std::string& line)
 bool IsClosed(int descriptor) { return ::fcntl(descriptor, F_GETFD) == -1; }
 #endif
 
-int AnswerWithoutWindow(std::FILE* requests, const std::string& name)
+// Where the requests come from, and what is done when one is not carried out.
+struct Input {
+    std::FILE* Requests;
+    std::string Name;
+    bool Strict;
+};
+
+int AnswerRequests(Session& session, const Input& input)
+{
+    session.OnWarning = [](const std::string& warning) { std::cerr << "rulemesh: " << warning << '\n'; };
+    std::string line;
+    for (;;) {
+        switch (TakeLine(input.Requests, line)) {
+        case Taken::End:
+            return Done;
+        case Taken::Failure:
+            return End(CannotReadRequests, "can't read " + input.Name + ": " + Reason(errno));
+        case Taken::Line:
+            if (!PutLine(session.Answer(line)))
+                return End(CannotWriteAnswer, "can't write an answer to standard output: " + Reason(errno));
+            if (input.Strict && !session.WasDone())
+                return NotDone;
+        }
+    }
+}
+
+int AnswerWithoutWindow(const Input& input)
 {
     Session session;
-    return AnswerRequests(session, requests, name);
+    return AnswerRequests(session, input);
 }
 
 #ifdef RULEMESH_HAS_WINDOW
-int AnswerInWindow(std::FILE* requests, const std::string& name)
+int AnswerInWindow(const Input& input)
 {
     int count = 1;
     char program[] = "rulemesh";
     char* words[] = {program, nullptr};
     const QApplication application(count, words);
-    Session session(std::make_unique<WindowStage>());
-    return AnswerRequests(session, requests, name);
+    Session session([] { return std::make_unique<WindowStage>(); });
+    return AnswerRequests(session, input);
 }
 #endif
 
 } // namespace
 
-int AnswerRequests(Session& session, std::FILE* requests, const std::string& nameOfRequests)
-{
-    session.OnWarning = [](const std::string& warning) { std::cerr << "rulemesh: " << warning << '\n'; };
-    std::string line;
-    for (;;) {
-        switch (TakeLine(requests, line)) {
-        case Taken::End:
-            return Done;
-        case Taken::Failure:
-            return End(CannotReadRequests, "can't read " + nameOfRequests + ": " + Reason(errno));
-        case Taken::Line:
-            if (!PutLine(session.Answer(line)))
-                return End(CannotWriteAnswer, "can't write an answer to standard output: " + Reason(errno));
-        }
-    }
-}
-
-int RunDrive(const std::string& file, [[maybe_unused]] bool window)
+int RunDrive(const DriveOptions& options)
 {
 #ifdef SIGPIPE
     // A reader that went away is told like a full disk, not by a signal that ends us without a word.
@@ -108,25 +117,26 @@ int RunDrive(const std::string& file, [[maybe_unused]] bool window)
 #ifndef _WIN32
     if (IsClosed(STDOUT_FILENO))
         return End(CannotWriteAnswer, "can't write answers: standard output is closed");
-    if (file.empty() && IsClosed(STDIN_FILENO))
+    if (options.File.empty() && IsClosed(STDIN_FILENO))
         return End(CannotReadRequests, "can't read requests: standard input is closed");
 #endif
-    if (window && !CanMakeWindows())
+    if (options.Window && !CanMakeWindows())
         return End(NoDisplay, "there is no display to open a window on (DISPLAY is not set)");
     File opened(nullptr, &std::fclose);
-    if (!file.empty()) {
-        opened.reset(std::fopen(file.c_str(), "rb"));
+    if (!options.File.empty()) {
+        opened.reset(std::fopen(options.File.c_str(), "rb"));
         if (!opened)
-            return End(CannotOpenFile, "can't open " + file + ": " + Reason(errno) +
+            return End(CannotOpenFile, "can't open " + options.File + ": " + Reason(errno) +
                                            "; check the name, or leave it out to read standard input");
     }
-    std::FILE* const requests = file.empty() ? stdin : opened.get();
-    const std::string name = file.empty() ? "standard input" : file;
+    const Input input = {.Requests = opened ? opened.get() : stdin,
+                         .Name = opened ? options.File : "standard input",
+                         .Strict = options.Strict};
 #ifdef RULEMESH_HAS_WINDOW
-    if (window)
-        return AnswerInWindow(requests, name);
+    if (options.Window)
+        return AnswerInWindow(input);
 #endif
-    return AnswerWithoutWindow(requests, name);
+    return AnswerWithoutWindow(input);
 }
 
 } // namespace rulemesh

@@ -1,18 +1,18 @@
 #pragma once
 
-#include <cstdio>
 #include <string>
 
 namespace rulemesh {
 
-class Session;
+/// How `rulemesh drive` was asked to run.
+struct DriveOptions {
+    std::string File; ///< the requests; "" for standard input
+    bool Window = false;
+    bool Strict = false; ///< ends behind the first request that was not done
+};
 
-/// Answers each line of the input on standard output until it ends, and returns the exit status. A line that the input
-/// failed in the midst of is not carried out.
-int AnswerRequests(Session& session, std::FILE* requests, const std::string& nameOfRequests);
-
-/// `rulemesh drive`: the requests come from the file, or from standard input when no name is given. Returns the exit
-/// status; what went wrong is told on standard error.
-int RunDrive(const std::string& file, bool window);
+/// `rulemesh drive`: answers each line of the requests on standard output until they end, and returns the exit status;
+/// what went wrong is told on standard error. A line that the input failed in the midst of is not carried out.
+int RunDrive(const DriveOptions& options);
 
 } // namespace rulemesh

@@ -6,6 +6,7 @@ namespace rulemesh {
 /// on. docs/drive.md and docs/rulemesh.1 promise these numbers.
 enum ExitStatus : int {
     Done = 0,
+    NotDone = 1,
     CannotOpenFile = 2,
     CannotWriteAnswer = 3,
     CannotReadRequests = 4,

@@ -62,24 +62,25 @@ int main(int argc, char** argv)
     program.set_version_flag("--version", "rulemesh " RULEMESH_VERSION);
     program.footer("`rulemesh drive --help` tells how another program works the designer.");
 
-    std::string file;
+    rulemesh::DriveOptions options;
     CLI::App* drive =
         program.add_subcommand("drive", "Run the designer without a window, from requests of one JSON object a line.");
-    drive->add_option("FILE", file, "File with the requests; standard input when left out.");
-    bool window = false;
+    drive->add_option("FILE", options.File, "File with the requests; standard input when left out.");
+    drive->add_flag("--strict", options.Strict, "End with status 1 behind the first request that was not done.");
 #ifdef RULEMESH_HAS_WINDOW
-    drive->add_flag("--window", window, "Show the designer in a window, and work it by mouse and key events.");
+    drive->add_flag("--window", options.Window, "Show the designer in a window, and work it by mouse and key events.");
 #endif
     drive->footer(
         "Each request is a JSON object on a line of its own and is answered by one:\n"
         "  {\"do\":\"let\",\"name\":\"TargetTable\",\"value\":\"salor101\"}\n"
         "  {\"ok\":true,\"happened\":[]}\n"
         "\n"
-        "Host:  create, let, get, call, resize, set, reply\n"
+        "Host:  hello, create, let, get, call, resize, set, reply\n"
         "User:  click, tab, focus, leave, type, key, press, choose, row, tick, header, cell, scroll\n"
         "Look:  read, focused, state, xml\n"
         "\n"
-        "The exit status is 0 at the end of the requests, 2 when FILE can't be opened, 3 when an answer can't be\n"
+        "The exit status is 0 at the end of the requests, 1 behind one that was not done (--strict), 2 when FILE can't "
+        "be opened, 3 when an answer can't be\n"
         "written (a full disk, a reader that went away), 4 when the requests can't be read (a folder, a fault of the\n"
         "disk), 5 when even the answer that memory is short finds none. rulemesh(1) and docs/drive.md tell the whole "
         "protocol.");
@@ -103,5 +104,5 @@ int main(int argc, char** argv)
     if (open->parsed())
         return rulemesh::RunOpen(argv[0], object);
 #endif
-    return rulemesh::RunDrive(file, window);
+    return rulemesh::RunDrive(options);
 }

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "drive/user_hands.h"
+#include "drive/stage.h"
 #include "window/window_hands.h"
 
 class QWidget;

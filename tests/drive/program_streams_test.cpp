@@ -14,8 +14,10 @@ namespace {
 using testing::AllOf;
 using testing::EndsWith;
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
+constexpr int NotDone = 1;
 constexpr int CannotOpenFile = 2;
 constexpr int CannotWriteAnswer = 3;
 constexpr int CannotReadRequests = 4;
@@ -28,6 +30,31 @@ protected:
 
     TemporaryFolder folder;
 };
+
+TEST_F(ProgramStreams, StrictEndsBehindTheFirstRequestThatWasNotDone)
+{
+    Put(folder / "requests", "{\"do\":\"focused\"}\n{\"do\":\"nonsense\",\"id\":2}\n{\"do\":\"focused\",\"id\":3}\n");
+    const Outcome strict = RunProgram("drive --strict " + Quoted("requests"));
+    EXPECT_EQ(strict.status, NotDone);
+    EXPECT_THAT(strict.output, AllOf(HasSubstr("{\"id\":2,\"ok\":false,"), Not(HasSubstr("\"id\":3"))));
+    const Outcome lenient = RunProgram("drive " + Quoted("requests"));
+    EXPECT_EQ(lenient.status, 0);
+    EXPECT_THAT(lenient.output, HasSubstr("{\"id\":3,\"ok\":true,"));
+}
+
+TEST_F(ProgramStreams, StrictEndsBehindAFailureToo)
+{
+    const Outcome outcome = RunShell("printf '{\"do\":\"get\",\"name\":\"MappingObjectXML\"}\n{\"do\":\"xml\"}\n' |"
+                                     " \"$RULEMESH\" drive --strict");
+    EXPECT_EQ(outcome.status, NotDone);
+    EXPECT_THAT(outcome.output, AllOf(HasSubstr("\"failure\""), EndsWith("}\n"), Not(HasSubstr("\"value\""))));
+}
+
+TEST_F(ProgramStreams, StrictEndsWellWhereAllWasDone)
+{
+    const Outcome outcome = RunProgram("drive --strict " + Quoted("requests"));
+    EXPECT_EQ(outcome.status, 0);
+}
 
 TEST_F(ProgramStreams, AFullDiskUnderTheAnswersIsTold)
 {

@@ -57,6 +57,39 @@ TEST_F(SessionTest, ALineThatIsNoObjectIsRefused)
     EXPECT_EQ(Answer(R"({"do":"focused"})").at("ok"), true); // and reading goes on
 }
 
+TEST_F(SessionTest, HelloListsWhatTheSessionTakes)
+{
+    const Json hello = Answer(R"({"do":"hello"})").at("value");
+    EXPECT_EQ(hello.at("program"), "rulemesh");
+    EXPECT_TRUE(hello.at("version").is_string());
+    EXPECT_TRUE(hello.at("protocol").is_number_integer());
+    for (const Json& verb : hello.at("verbs"))
+        EXPECT_THAT(session_.Answer(Json({{"do", verb}}).dump()), Not(HasSubstr("there is no verb"))) << verb;
+    EXPECT_THAT(hello.at("verbs"), testing::IsSupersetOf({"hello", "create", "let", "get", "call", "click", "xml"}));
+    EXPECT_THAT(hello.at("members"), testing::IsSupersetOf({"MappingObjectXML", "UndoText", "ShowControl", "Editor"}));
+    for (const Json& view : hello.at("views"))
+        EXPECT_EQ(Answer(Json({{"do", "read"}, {"view", view}}).dump()).at("ok"), true) << view;
+    EXPECT_THAT(hello.at("views"), testing::IsSupersetOf({"MainTab", "RulesGrid", "txtgrdline"}));
+}
+
+TEST_F(SessionTest, AnIdStandsBeforeTheRestOfTheAnswer)
+{
+    EXPECT_EQ(session_.Answer(R"({"do":"focused","id":"a"})"), R"({"id":"a","ok":true,"value":null,"happened":[]})");
+    EXPECT_THAT(session_.Answer(R"({"do":"nonsense","id":1})"), testing::StartsWith(R"({"id":1,"ok":false,)"));
+}
+
+TEST_F(SessionTest, KnowsWhetherTheLastRequestWasDone)
+{
+    static_cast<void>(session_.Answer(R"({"do":"focused"})"));
+    EXPECT_TRUE(session_.WasDone());
+    for (const char* line : {"nonsense", R"({"do":"nonsense"})", R"({"do":"get","name":"MappingObjectXML"})"}) {
+        static_cast<void>(session_.Answer(line));
+        EXPECT_FALSE(session_.WasDone()) << line;
+    }
+    static_cast<void>(session_.Answer(R"({"do":"focused"})"));
+    EXPECT_TRUE(session_.WasDone());
+}
+
 TEST_F(SessionTest, WhatCanNotBeMadeIsRefusedAndChangesNothing)
 {
     Open("<PREC>p</PREC>");

@@ -84,7 +84,7 @@ std::string DifferenceAt(const json& expected, const json& actual, const std::st
 
 void RefuseUnknownMembers(const json& expected)
 {
-    constexpr std::array<std::string_view, 5> Known = {"ok", "value", "happened", "failure", "refused"};
+    constexpr std::array<std::string_view, 6> Known = {"id", "ok", "value", "happened", "failure", "refused"};
     if (!expected.is_object())
         throw std::runtime_error("an answer is a JSON object");
     for (const auto& [name, value] : expected.items())
@@ -108,7 +108,7 @@ std::string DifferenceOfAnswer(const json& expected, const json& actual)
 
     json whole = {{"ok", true}, {"happened", json::array()}};
     whole.update(expected);
-    for (const char* name : {"failure", "refused"})
+    for (const char* name : {"id", "failure", "refused"})
         if (!whole.contains(name) && actual.contains(name))
             return Difference(std::string("/") + name, "nothing", Shown(actual.at(name)));
     if (whole.value("refused", json()) == true && actual.contains("refused") && actual.at("refused").is_string())

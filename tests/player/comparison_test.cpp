@@ -41,6 +41,15 @@ TEST(DifferenceOfAnswer, AsksForEachFailureAndRefusal)
     EXPECT_NE(Compared(R"({"ok":false,"refused":true})", R"({"ok":false,"happened":[]})"), "");
 }
 
+TEST(DifferenceOfAnswer, AsksForTheIdWhereThereIsOne)
+{
+    const char* withId = R"({"id":3,"ok":true,"happened":[]})";
+    EXPECT_EQ(Compared(R"({"id":3})", withId), "");
+    EXPECT_NE(Compared(R"({"id":4})", withId), "");
+    EXPECT_NE(Compared("{}", withId), "");
+    EXPECT_NE(Compared(R"({"id":3})", R"({"ok":true,"happened":[]})"), "");
+}
+
 TEST(DifferenceOfAnswer, ComparesObjectsByTheNamedMembersAndArraysWhole)
 {
     const char* actual = R"({"ok":true,"happened":[],"value":{"a":1,"rows":[["x"],["y"]]}})";

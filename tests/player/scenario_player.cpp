@@ -66,7 +66,7 @@ private:
     char name_[16] = "scenario_player";
     char* words_[2] = {name_, nullptr};
     QApplication application_{count_, words_};
-    Session session_{std::make_unique<WindowStage>()};
+    Session session_{[] { return std::make_unique<WindowStage>(); }};
 };
 #endif
 

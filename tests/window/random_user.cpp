@@ -264,7 +264,7 @@ std::vector<Json> RandomSession(unsigned seed, int steps)
 std::string DifferenceWithAWindow(const std::vector<Json>& requests)
 {
     Session windowless;
-    Session inWindow(std::make_unique<WindowStage>());
+    Session inWindow([] { return std::make_unique<WindowStage>(); });
     for (const Json& request : requests) {
         const std::string line = request.dump();
         const std::string expected = windowless.Answer(line);

@@ -23,7 +23,7 @@ std::vector<Json> Requests(std::initializer_list<const char*> lines)
 TEST(WindowStage, RunsNoLayoutPassBeforeTheHostAsks)
 {
     Session windowless;
-    Session inWindow(std::make_unique<WindowStage>());
+    Session inWindow([] { return std::make_unique<WindowStage>(); });
     for (const char* view : {"MainTab", "FrmRules", "txtPreCondition", "CmdOk", "RulesGrid"}) {
         const std::string request = R"({"do":"read","view":")" + std::string(view) + R"("})";
         EXPECT_EQ(inWindow.Answer(request), windowless.Answer(request));
@@ -32,7 +32,7 @@ TEST(WindowStage, RunsNoLayoutPassBeforeTheHostAsks)
 
 TEST(WindowStage, AnswersWithTheFailureThatEndedAnEvent)
 {
-    Session session(std::make_unique<WindowStage>());
+    Session session([] { return std::make_unique<WindowStage>(); });
     static_cast<void>(session.Answer(R"({"do":"reply","to":"file","fail":true})"));
     const Json answer = Json::parse(session.Answer(R"({"do":"click","view":"CmdPreEditor"})"));
     EXPECT_EQ(answer.at("failure").at("number"), 75);

@@ -1,8 +1,8 @@
-#include "drive/host_requests.h"
+#include "drive/members.h"
 
-#include <array>
 #include <functional>
 #include <map>
+#include <set>
 
 namespace rulemesh {
 
@@ -113,83 +113,6 @@ template <typename Table> const auto& Named(const Table& table, const Request& r
     return found->second;
 }
 
-void CheckFormStep(const Json& step)
-{
-    if (!step.is_object())
-        throw Refusal("each of \"steps\" must be an object");
-    const Request request(step);
-    const std::string verb = request.Word("do");
-    if (verb == "close")
-        return;
-    static_cast<void>(request.Word("view"));
-    if (verb == "type")
-        static_cast<void>(request.TextMember("text"));
-    else if (verb == "choose")
-        static_cast<void>(request.Number("index"));
-    else if (verb != "click")
-        throw Refusal("a form has no step \"" + verb + "\"");
-}
-
-void CheckEventCall(const Json& call)
-{
-    if (!call.is_object())
-        throw Refusal("\"call\" must be an object");
-    static_cast<void>(Named(Callers(), Request(call)));
-}
-
-void CheckEventReply(const Request& request)
-{
-    constexpr std::array events = {"ShowSourceTablesPopUp",   "ShowConditionBuilderPopUp", "ShowQueryBuilderPopUp",
-                                   "ShowFunctionalTextPopUp", "ShowFunctionBuilderPopUp",  "SaveDoneDisabled",
-                                   "SaveDoneEnabled"};
-    const std::string name = request.Word("name");
-    if (std::find(events.begin(), events.end(), name) == events.end())
-        throw Refusal("there is no event \"" + name + "\"");
-    if (request.Has("call"))
-        CheckEventCall(request.Member("call"));
-    if (!request.Has("let") && request.Has("call"))
-        return;
-    const Json& let = request.Member("let");
-    if (!let.is_object())
-        throw Refusal("\"let\" must be an object");
-    static_cast<void>(Named(Setters(), Request(let)));
-    const std::string property = Request(let).Word("name");
-    if (property == "Edit" || property == "Syntax_Highlight")
-        static_cast<void>(Request(let).Flag("value"));
-    else
-        static_cast<void>(Request(let).TextMember("value"));
-}
-
-void CheckReply(const std::string& kind, const Request& request)
-{
-    if (kind == "message") {
-        static_cast<void>(request.Word("button"));
-    } else if (kind == "input") {
-        if (!request.Member("text").is_null())
-            static_cast<void>(request.TextMember("text"));
-    } else if (kind == "form") {
-        const Json& steps = request.Member("steps");
-        if (!steps.is_array())
-            throw Refusal("\"steps\" must be a list");
-        for (const Json& step : steps)
-            CheckFormStep(step);
-    } else if (kind == "editor") {
-        if (request.Has("status"))
-            static_cast<void>(request.Number("status"));
-        if (request.Has("text"))
-            static_cast<void>(request.TextMember("text"));
-        if (request.Has("fail"))
-            static_cast<void>(request.Flag("fail"));
-    } else if (kind == "event") {
-        CheckEventReply(request);
-    } else if (kind == "file") {
-        if (!request.Flag("fail"))
-            throw Refusal("\"fail\" must be true");
-    } else {
-        throw Refusal("there is no question of the kind \"" + kind + "\"");
-    }
-}
-
 } // namespace
 
 Json LetProperty(ctlRulemesh& control, const Request& request)
@@ -209,42 +132,29 @@ Json CallMember(ctlRulemesh& control, const Request& request)
     return caller(control, args);
 }
 
-void ActInEvent(ctlRulemesh& control, const Request& reply)
+void CheckLet(const Request& request)
 {
-    if (reply.Has("let"))
-        static_cast<void>(LetProperty(control, Request(reply.Member("let"))));
-    if (reply.Has("call"))
-        static_cast<void>(CallMember(control, Request(reply.Member("call"))));
+    static_cast<void>(Named(Setters(), request));
+    const std::string property = request.Word("name");
+    if (property == "Edit" || property == "Syntax_Highlight")
+        static_cast<void>(request.Flag("value"));
+    else
+        static_cast<void>(request.TextMember("value"));
 }
 
-Json ResizeControl(ctlRulemesh& control, const Request& request)
-{
-    const int width = request.Number("width");
-    control.Resize(width, request.Number("height"));
-    return nullptr;
-}
+void CheckCall(const Request& request) { static_cast<void>(Named(Callers(), request)); }
 
-Json SetVisible(ctlRulemesh& control, const Request& request)
+std::vector<std::string> MemberNames()
 {
-    View& view = ViewOf(control, request);
-    view.Visible(request.Flag("visible"));
-    return nullptr;
-}
-
-Json LayReplyReady(ScriptedPlatform& platform, const Request& request)
-{
-    const std::string kind = request.Word("to");
-    CheckReply(kind, request);
-    platform.LayReady(kind, request.All());
-    return nullptr;
-}
-
-View& ViewOf(ctlRulemesh& control, const Request& request)
-{
-    View* view = control.Views().Tree.Find(request.TextMember("view"));
-    if (view == nullptr)
-        throw Refusal("there is no view \"" + request.Word("view") + "\"");
-    return *view;
+    std::set<std::string> names;
+    const auto addNamesOf = [&names](const auto& table) {
+        for (const auto& entry : table)
+            names.insert(entry.first);
+    };
+    addNamesOf(Setters());
+    addNamesOf(Getters());
+    addNamesOf(Callers());
+    return {names.begin(), names.end()};
 }
 
 } // namespace rulemesh

@@ -1,0 +1,24 @@
+#include "drive/desk.h"
+
+#include "drive/members.h"
+
+namespace rulemesh {
+
+Desk::Desk(std::unique_ptr<Stage> stage)
+    : stage_(std::move(stage)), platform_(stage_->Hands(), [this](const Json& reply) { ActInEvent(Request(reply)); })
+{
+    CreateAnew();
+}
+
+void Desk::CreateAnew() { stage_->Create(platform_, platform_); }
+
+// What the host does from inside of an event.
+void Desk::ActInEvent(const Request& reply)
+{
+    if (reply.Has("let"))
+        static_cast<void>(LetProperty(Control(), Request(reply.Member("let"))));
+    if (reply.Has("call"))
+        static_cast<void>(CallMember(Control(), Request(reply.Member("call"))));
+}
+
+} // namespace rulemesh
