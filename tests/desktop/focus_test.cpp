@@ -142,7 +142,7 @@ TEST_F(FocusOfTheWindow, ActivationLeavesTheFocusNowhereWhenTheModelHasNone)
 // Some window systems deliver the press first and activate the window behind it.
 TEST_F(FocusOfTheWindow, ScriptThatAPressInTheInactiveWindowLeavesIsSaved)
 {
-    QTest::mouseClick(Of<TextWidget>(Views().txtPreCondition).Editor().viewport(), Qt::LeftButton, {}, {20, 5});
+    QTest::mouseClick(Of<TextBoxWidget>(Views().txtPreCondition).Editor().viewport(), Qt::LeftButton, {}, {20, 5});
     QTest::keyClicks(Host.focusWidget(), QStringLiteral("| left"));
     ASSERT_FALSE(IsSaved("| left"));
     QApplication::setActiveWindow(nullptr);
