@@ -6,11 +6,12 @@
 
 #include <benchmark/benchmark.h>
 
-#include "document/field_catalogue.h"
-#include "document/names.h"
+#include "engine/convert_for_target.h"
+#include "engine/field_rows.h"
 #include "engine/guess.h"
-#include "engine/mapping.h"
-#include "engine/module1.h"
+#include "engine/rule_mapping.h"
+#include "object/field_catalogue.h"
+#include "object/names.h"
 #include "shell/ctl_rulemesh.h"
 #include "silent_desk.h"
 

@@ -5,8 +5,8 @@
 
 #include "base/numbers.h"
 #include "base/utf8.h"
-#include "document/control_state.h"
-#include "document/document_access.h"
+#include "object/control_state.h"
+#include "object/document_access.h"
 
 // The question that the designer asks most, for one element of a name by its key, beside pugixml's search for a child
 // by an attribute, which walks the children.

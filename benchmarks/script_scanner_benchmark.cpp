@@ -5,8 +5,8 @@
 #include <benchmark/benchmark.h>
 
 #include "base/utf8.h"
-#include "document/control_state.h"
-#include "document/document_access.h"
+#include "object/control_state.h"
+#include "object/document_access.h"
 #include "script/keywords.h"
 #include "script/script_scanner.h"
 #include "silent_desk.h"

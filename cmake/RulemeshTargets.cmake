@@ -2,9 +2,9 @@
 
 # One folder of src/ as the library rulemesh_<layer>:
 #
-#   rulemesh_add_layer(document SOURCES path_layer.cpp ... BELOW platform views base)
+#   rulemesh_add_layer(script SOURCES keywords.cpp ... BELOW object platform views)
 #
-# Includes run from src/ ("document/path_layer.h"), but src/ itself is on no include path: each layer has a root of its
+# Includes run from src/ ("script/keywords.h"), but src/ itself is on no include path: each layer has a root of its
 # own in the build tree, which holds nothing but a link to its folder. A layer sees the roots of the layers below it and
 # no others, so an include that points up does not compile.
 function(rulemesh_add_layer layer)
@@ -42,7 +42,7 @@ endfunction()
 
 # The tests of one folder of src/ as one program:
 #
-#   rulemesh_add_tests(document path_layer_test.cpp ...)
+#   rulemesh_add_tests(script keywords_test.cpp ...)
 #
 # Tests of a folder that is no layer see the designer whole.
 function(rulemesh_add_tests folder)

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "base/utf8.h"
-#include "document/field_catalogue.h"
 #include "drive/named_view.h"
+#include "object/field_catalogue.h"
 
 namespace rulemesh {
 

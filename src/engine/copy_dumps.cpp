@@ -3,7 +3,7 @@
 #include "base/case_map.h"
 #include "base/failure.h"
 #include "base/numbers.h"
-#include "document/field_catalogue.h"
+#include "object/field_catalogue.h"
 
 namespace rulemesh {
 
@@ -16,7 +16,7 @@ bool SameIgnoringCase(TextView a, TextView b) { return ToUpper(a) == ToUpper(b);
 // What the grid shows is not saved first: the copied rules take the place of unsaved edits.
 void DumpCopying::cmdCopyDump_Click()
 {
-    const std::int16_t IntTo = dumpView_.SelectedDump();
+    const std::int16_t IntTo = shownDump_.SelectedDump();
     const Text StrFrom = platform_
                              .AskForText(u"Please enter the dump number to be copied from: ",
                                          u"Copying rules to dump : " + PlainNumber(IntTo))
@@ -74,7 +74,7 @@ void DumpCopying::CopyRules(XmlNode source, XmlNode target, const Text& StrFrom,
         target.appendChild(rule.cloneNode());
         copied = true;
     }
-    dumpView_.ShowDump(IntTo);
+    shownDump_.ShowDump(IntTo);
     if (copied)
         platform_.ShowMessage(
             {.Text = u"Copying Of Dump: '" + StrFrom + u"' To Dump '" + PlainNumber(IntTo) + u"'  Was  Successful!!",
@@ -88,9 +88,9 @@ void DumpCopying::CopyRules(XmlNode source, XmlNode target, const Text& StrFrom,
 void DumpCopying::cmdCopyToAllDumps_Click()
 {
     constexpr TextView StrTitle = u"Copy to all dumps...";
-    const std::int16_t IntCurrent = dumpView_.SelectedDump();
+    const std::int16_t IntCurrent = shownDump_.SelectedDump();
     const Text StrCurrent = PlainNumber(IntCurrent);
-    dumpView_.SaveDumpRules(StrCurrent);
+    shownDump_.SaveDumpRules(StrCurrent);
     preConditions_.SavePreCondition();
 
     const XmlNode dump = RequireDump(document_.GetDumpNode(IntCurrent), IntCurrent);

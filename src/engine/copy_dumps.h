@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/dump_view.h"
+#include "engine/shown_dump.h"
 #include "script/precondition.h"
 
 namespace rulemesh {
@@ -10,8 +10,8 @@ namespace rulemesh {
 class DumpCopying {
 public:
     DumpCopying(DocumentAccess& document, ControlState& state, DesignerViews& views, Platform& platform,
-                DumpView& dumpView, PreConditions& preConditions)
-        : document_(document), state_(state), views_(views), platform_(platform), dumpView_(dumpView),
+                ShownDump& shownDump, PreConditions& preConditions)
+        : document_(document), state_(state), views_(views), platform_(platform), shownDump_(shownDump),
           preConditions_(preConditions)
     {
     }
@@ -31,7 +31,7 @@ private:
     ControlState& state_;
     DesignerViews& views_;
     Platform& platform_;
-    DumpView& dumpView_;
+    ShownDump& shownDump_;
     PreConditions& preConditions_;
 };
 

@@ -4,10 +4,9 @@
 #include <iterator>
 #include <utility>
 
-#include "document/field_catalogue.h"
-#include "document/names.h"
-#include "engine/mapping.h"
-#include "engine/module1.h"
+#include "engine/convert_for_target.h"
+#include "object/field_catalogue.h"
+#include "object/names.h"
 
 namespace rulemesh {
 
@@ -179,32 +178,6 @@ std::vector<std::size_t> Guess::PartnersOf(const GuessField& target) const
     std::vector<std::size_t> both;
     std::merge(same.begin(), same.end(), base.begin(), base.end(), std::back_inserter(both));
     return both;
-}
-
-void RuleMapping::CmdGuess_Click()
-{
-    const ListView& sources = views_.lstSourceFields;
-    const ListView& targets = views_.lstTargetFields;
-    if (sources.Count() == 0 || targets.Count() == 0)
-        return; // and nothing is saved
-
-    std::vector<GuessField> fields;
-    fields.reserve(static_cast<std::size_t>(sources.Count()));
-    for (int row = 1; row <= sources.Count(); ++row) {
-        const ListView::Row& source = sources.At(row);
-        fields.push_back({source.TextAt(SourceField::Name), source.TextAt(SourceField::Type),
-                          source.TextAt(SourceField::Length), source.TextAt(SourceField::Domain),
-                          source.TextAt(SourceField::Enums)});
-    }
-    const Guess guess(std::move(fields));
-    for (int row = 1; row <= targets.Count(); ++row) {
-        const ListView::Row& target = targets.At(row);
-        const TextView StrName = target.TextAt(TargetField::Name);
-        SetRuleIfEmpty(FieldPart(StrName),
-                       guess.RuleFor({StrName, target.TextAt(TargetField::Type), target.TextAt(TargetField::Length),
-                                      target.TextAt(TargetField::Domain), target.TextAt(TargetField::Enums)}));
-    }
-    dumpView_.SaveDumpRules(views_.CmbDump.Tag());
 }
 
 } // namespace rulemesh

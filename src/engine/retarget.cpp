@@ -3,6 +3,7 @@
 #include "base/case_map.h"
 #include "base/failure.h"
 #include "base/numbers.h"
+#include "engine/shared_form_values.h"
 
 namespace rulemesh {
 
@@ -20,14 +21,14 @@ Text DumpRetargeting::ChooseTarget(std::int16_t IntDump, const Text& StrDefault)
 
 void DumpRetargeting::CmdChange_Click()
 {
-    const std::int16_t IntDump = dumpView_.SelectedDump();
+    const std::int16_t IntDump = shownDump_.SelectedDump();
     const Text StrTable = ChooseTarget(IntDump, views_.CmbTargetTable.Text());
     if (ToUpper(views_.LBLTargetTableName.Caption()) != ToUpper(StrTable)) {
-        if (store_.DumpHasRules() && !UserGivesUpRules(IntDump, StrTable))
+        if (lookup_.DumpHasRules() && !UserGivesUpRules(IntDump, StrTable))
             return;
         AssignTable(IntDump, StrTable);
     }
-    dumpView_.RefreshTargetFields();
+    shownDump_.RefreshTargetFields();
 }
 
 bool DumpRetargeting::UserGivesUpRules(std::int16_t IntDump, const Text& StrNewTable)
@@ -51,17 +52,17 @@ void DumpRetargeting::AssignTable(std::int16_t IntDump, const Text& StrTable)
     dump.removeChildren();
     AppendDefaultRule(dump, StrTable);
     views_.LBLTargetTableName.Caption(StrTable);
-    dumpView_.ShowDump(IntDump);
+    shownDump_.ShowDump(IntDump);
 }
 
 void DumpRetargeting::AppendDefaultRule(XmlNode dump, const Text& StrTable)
 {
-    const XmlNode table = store_.CatalogueTable(StrTable);
+    const XmlNode table = lookup_.CatalogueTable(StrTable);
     if (!table)
         throw Failure(FailureCode::ObjectVariableNotSet, u"The object describes no target table " + Quoted(StrTable));
     const XmlNode firstField = table.firstChild();
     if (firstField)
-        store_.AppendRule(dump, firstField.baseName(), u"default()");
+        lookup_.AppendRule(dump, firstField.baseName(), u"default()");
 }
 
 } // namespace rulemesh

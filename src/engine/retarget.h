@@ -1,7 +1,7 @@
 #pragma once
 
-#include "engine/dump_view.h"
-#include "engine/module1.h"
+#include "engine/shown_dump.h"
+#include "engine/target_chooser.h"
 
 namespace rulemesh {
 
@@ -9,9 +9,10 @@ namespace rulemesh {
 /// they go.
 class DumpRetargeting {
 public:
-    DumpRetargeting(DocumentAccess& document, DesignerViews& views, Platform& platform, DumpStore& store,
-                    DumpView& dumpView, TargetChooser& chooser)
-        : document_(document), views_(views), platform_(platform), store_(store), dumpView_(dumpView), chooser_(chooser)
+    DumpRetargeting(DocumentAccess& document, DesignerViews& views, Platform& platform, DumpLookup& lookup,
+                    ShownDump& shownDump, TargetChooser& chooser)
+        : document_(document), views_(views), platform_(platform), lookup_(lookup), shownDump_(shownDump),
+          chooser_(chooser)
     {
     }
 
@@ -31,8 +32,8 @@ private:
     DocumentAccess& document_;
     DesignerViews& views_;
     Platform& platform_;
-    DumpStore& store_;
-    DumpView& dumpView_;
+    DumpLookup& lookup_;
+    ShownDump& shownDump_;
     TargetChooser& chooser_;
 };
 

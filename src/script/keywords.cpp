@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/numbers.h"
-#include "document/control_state.h"
+#include "object/control_state.h"
 
 namespace rulemesh {
 

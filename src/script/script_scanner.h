@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "document/document_access.h"
+#include "object/document_access.h"
 #include "platform/platform.h"
 #include "script/statements.h"
 #include "views/designer_views.h"

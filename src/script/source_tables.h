@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/document_access.h"
+#include "object/document_access.h"
 #include "script/control_events.h"
 #include "views/designer_views.h"
 

@@ -2,7 +2,7 @@
 
 #include "base/failure.h"
 #include "base/numbers.h"
-#include "document/control_state.h"
+#include "object/control_state.h"
 #include "script/keywords.h"
 
 namespace rulemesh {

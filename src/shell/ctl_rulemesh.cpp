@@ -21,14 +21,14 @@ ctlRulemesh::ctlRulemesh(Platform& platform, ControlEvents& events)
       scanner_(document_, state_, views_, platform), sourceTables_(document_, views_, events),
       queries_(document_, state_, views_, platform, events, scanner_),
       preConditions_(document_, state_, views_, platform, events, scanner_, queries_, sourceTables_),
-      pruning_(document_, state_, scanner_, queries_), store_(document_, state_, views_),
-      dumpView_(document_, state_, views_, platform, store_), mapping_(views_, platform, store_, dumpView_),
-      copying_(document_, state_, views_, platform, dumpView_, preConditions_), chooser_(platform),
-      retargeting_(document_, views_, platform, store_, dumpView_, chooser_),
-      notes_(document_, state_, views_, platform), grid_(state_, views_, dumpView_), lists_(views_, dumpView_, grid_),
+      pruning_(document_, state_, scanner_, queries_), lookup_(document_, state_, views_),
+      shownDump_(document_, state_, views_, platform, lookup_), mapping_(views_, platform, lookup_, shownDump_),
+      copying_(document_, state_, views_, platform, shownDump_, preConditions_), chooser_(platform),
+      retargeting_(document_, views_, platform, lookup_, shownDump_, chooser_),
+      notes_(document_, state_, views_, platform), grid_(state_, views_, shownDump_), lists_(views_, shownDump_, grid_),
       editor_(state_, views_, platform, queries_, preConditions_, sourceTables_),
       panels_(document_, state_, views_, events), layout_(views_, panels_),
-      tabs_(document_, state_, views_, platform, queries_, preConditions_, dumpView_, retargeting_, layout_)
+      tabs_(document_, state_, views_, platform, queries_, preConditions_, shownDump_, retargeting_, layout_)
 {
     WireHandlers();
     UserControl_Initialize();
@@ -70,9 +70,9 @@ void ctlRulemesh::WireHandlers()
     v.txtMainQuery.KeyDown = [this](auto& KeyCode, auto Shift) { queries_.txtMainQuery_KeyDown(KeyCode, Shift); };
     v.cmdBuildMQ.Click = [this] { queries_.cmdBuildMQ_Click(); };
 
-    v.CmbDump.Click = [this] { dumpView_.CmbDump_Click(); };
-    v.CmbDump.LostFocus = [this] { dumpView_.CmbDump_LostFocus(); };
-    v.Command1.Click = [this] { dumpView_.Command1_Click(); };
+    v.CmbDump.Click = [this] { shownDump_.CmbDump_Click(); };
+    v.CmbDump.LostFocus = [this] { shownDump_.CmbDump_LostFocus(); };
+    v.Command1.Click = [this] { shownDump_.Command1_Click(); };
     v.CmdMap.Click = [this] { mapping_.CmdMap_Click(); };
     v.CmdGuess.Click = [this] { mapping_.CmdGuess_Click(); };
     v.cmdCopyDump.Click = [this] { copying_.cmdCopyDump_Click(); };
@@ -137,7 +137,7 @@ std::string ctlRulemesh::MappingObjectXmlUtf8()
     preConditions_.SavePreCondition();
     queries_.SaveMainQuery();
     if (views_.CmbDump.HasSelection())
-        dumpView_.SaveDumpRules(PlainNumber(dumpView_.SelectedDump()));
+        shownDump_.SaveDumpRules(PlainNumber(shownDump_.SelectedDump()));
     pruning_.PruneDocument();
     std::string StrXml = XmlDocument_.xmlUtf8();
     LeaveCopyFile(StrXml);
@@ -193,9 +193,9 @@ void ctlRulemesh::ShowControl()
     preConditions_.ShowPreCondition();
     preConditions_.AnalysePreCondition();
     queries_.ShowMigrateQuery(state_.StrMigrateTables.front());
-    dumpView_.RefreshTargetList(); // still in the mode of the object shown before
+    shownDump_.RefreshTargetList(); // still in the mode of the object shown before
     LockControls();
-    state_.BoolMultiTarget = store_.CheckMscripts();
+    state_.BoolMultiTarget = lookup_.CheckMscripts();
     if (!state_.BoolMultiTarget)
         views_.CmbTargetTable.Visible(false);
     views_.lblTargetTable.Visible(true);
@@ -214,7 +214,7 @@ Text ctlRulemesh::ForeignRoot() const
 void ctlRulemesh::FillTargetTableCombo()
 {
     views_.CmbTargetTable.Clear();
-    const XmlNode tables = store_.MscriptNode();
+    const XmlNode tables = lookup_.MscriptNode();
     for (XmlNode table = tables.firstChild(); table; table = table.nextSibling())
         views_.CmbTargetTable.AddItem(table.baseName());
 }

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "engine/copy_dumps.h"
-#include "engine/mapping.h"
 #include "engine/retarget.h"
+#include "engine/rule_mapping.h"
 #include "script/prune_document.h"
 #include "shell/editor_bridge.h"
 #include "shell/field_lists.h"
@@ -142,8 +142,8 @@ private:
     MainQueries queries_;
     PreConditions preConditions_;
     DocumentPruning pruning_;
-    DumpStore store_;
-    DumpView dumpView_;
+    DumpLookup lookup_;
+    ShownDump shownDump_;
     RuleMapping mapping_;
     DumpCopying copying_;
     FormTargetChooser chooser_;

@@ -1,6 +1,6 @@
 #include "shell/field_lists.h"
 
-#include "document/field_catalogue.h"
+#include "object/field_catalogue.h"
 
 namespace rulemesh {
 
@@ -28,10 +28,10 @@ void FieldLists::lstSourceFields_GotFocus()
 
 void FieldLists::lstTargetFields_ItemClick(int row)
 {
-    const std::int16_t IntShown = dumpView_.DumpInCaption();
-    const std::int16_t IntChosen = dumpView_.SelectedDump();
+    const std::int16_t IntShown = shownDump_.DumpInCaption();
+    const std::int16_t IntChosen = shownDump_.SelectedDump();
     if (IntShown != IntChosen) {
-        dumpView_.ShowDump(IntChosen);
+        shownDump_.ShowDump(IntChosen);
         return;
     }
     const ListView::Row& item = views_.lstTargetFields.At(row);

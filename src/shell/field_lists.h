@@ -7,8 +7,8 @@ namespace rulemesh {
 /// How the lists of source and target fields behave under the mouse.
 class FieldLists {
 public:
-    FieldLists(DesignerViews& views, DumpView& dumpView, RulesGridEditing& grid)
-        : views_(views), dumpView_(dumpView), grid_(grid)
+    FieldLists(DesignerViews& views, ShownDump& shownDump, RulesGridEditing& grid)
+        : views_(views), shownDump_(shownDump), grid_(grid)
     {
     }
 
@@ -27,7 +27,7 @@ private:
     static void SortByColumn(ListView& list, int column);
 
     DesignerViews& views_;
-    DumpView& dumpView_;
+    ShownDump& shownDump_;
     RulesGridEditing& grid_;
 };
 

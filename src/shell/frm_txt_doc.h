@@ -1,6 +1,7 @@
 #pragma once
 
-#include "engine/module1.h"
+#include "engine/shared_form_values.h"
+#include "engine/target_chooser.h"
 #include "platform/platform.h"
 #include "views/button.h"
 #include "views/combo_box.h"

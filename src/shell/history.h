@@ -6,8 +6,8 @@
 #include <optional>
 #include <vector>
 
-#include "document/control_state.h"
 #include "document/xml_document.h"
+#include "object/control_state.h"
 #include "script/control_events.h"
 #include "views/designer_views.h"
 

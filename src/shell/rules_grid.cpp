@@ -1,7 +1,7 @@
 #include "shell/rules_grid.h"
 
 #include "base/numbers.h"
-#include "document/field_catalogue.h"
+#include "object/field_catalogue.h"
 
 namespace rulemesh {
 
@@ -89,7 +89,7 @@ void RulesGridEditing::RulesGrid_LeaveCell()
     if (!views_.txtgrdline.Visible())
         return;
     views_.RulesGrid.Text(views_.txtgrdline.Text());
-    dumpView_.SaveDumpRules(views_.CmbDump.Tag());
+    shownDump_.SaveDumpRules(views_.CmbDump.Tag());
     views_.txtgrdline.Visible(false);
 }
 

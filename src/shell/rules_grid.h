@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/dump_view.h"
+#include "engine/shown_dump.h"
 
 namespace rulemesh {
 
@@ -9,8 +9,8 @@ namespace rulemesh {
 /// next save of the dump's rules.
 class RulesGridEditing {
 public:
-    RulesGridEditing(ControlState& state, DesignerViews& views, DumpView& dumpView)
-        : state_(state), views_(views), dumpView_(dumpView)
+    RulesGridEditing(ControlState& state, DesignerViews& views, ShownDump& shownDump)
+        : state_(state), views_(views), shownDump_(shownDump)
     {
     }
 
@@ -47,7 +47,7 @@ private:
 
     ControlState& state_;
     DesignerViews& views_;
-    DumpView& dumpView_;
+    ShownDump& shownDump_;
 };
 
 } // namespace rulemesh

@@ -19,7 +19,7 @@ void TabFlow::ShowScripts(std::int16_t PreviousTab)
     views_.FrmCondition.Enabled(true);
     views_.LBLTargetTableName.Enabled(true);
     if (PreviousTab == 1)
-        dumpView_.SaveDumpRules(views_.CmbDump.Tag());
+        shownDump_.SaveDumpRules(views_.CmbDump.Tag());
     layout_.UserControl_Resize();
 }
 
@@ -44,7 +44,7 @@ void TabFlow::ShowRules()
     if (!IsInDumpList(state_.IntDumpNumbers, ToInt16(StrDump)))
         StrDump = TwoDigitNumber(state_.IntDumpNumbers.front());
     SelectDump(StrDump);
-    dumpView_.ShowDump(ToInt16(StrDump));
+    shownDump_.ShowDump(ToInt16(StrDump));
     views_.CmbDump.SetFocus();
     layout_.UserControl_Resize();
 }

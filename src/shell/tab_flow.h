@@ -11,10 +11,10 @@ namespace rulemesh {
 class TabFlow {
 public:
     TabFlow(DocumentAccess& document, ControlState& state, DesignerViews& views, Platform& platform,
-            MainQueries& queries, PreConditions& preConditions, DumpView& dumpView, DumpRetargeting& retargeting,
+            MainQueries& queries, PreConditions& preConditions, ShownDump& shownDump, DumpRetargeting& retargeting,
             Layout& layout)
         : document_(document), state_(state), views_(views), platform_(platform), queries_(queries),
-          preConditions_(preConditions), dumpView_(dumpView), retargeting_(retargeting), layout_(layout)
+          preConditions_(preConditions), shownDump_(shownDump), retargeting_(retargeting), layout_(layout)
     {
     }
 
@@ -34,7 +34,7 @@ private:
     Platform& platform_;
     MainQueries& queries_;
     PreConditions& preConditions_;
-    DumpView& dumpView_;
+    ShownDump& shownDump_;
     DumpRetargeting& retargeting_;
     Layout& layout_;
 };

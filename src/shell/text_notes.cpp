@@ -2,7 +2,7 @@
 
 #include "base/case_map.h"
 #include "base/numbers.h"
-#include "document/names.h"
+#include "object/names.h"
 #include "shell/frm_txt_doc.h"
 
 namespace rulemesh {

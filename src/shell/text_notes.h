@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/dump_view.h"
+#include "engine/shown_dump.h"
 
 namespace rulemesh {
 

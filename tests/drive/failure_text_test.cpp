@@ -8,7 +8,7 @@
 
 #include "drive/json_text.h"
 #include "drive/session.h"
-#include "engine/module1.h"
+#include "engine/shared_form_values.h"
 
 namespace rulemesh {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "drive/json_text.h"
 #include "drive/session.h"
-#include "engine/module1.h"
+#include "engine/shared_form_values.h"
 #include "support/samples.h"
 #include "views/designer_views.h"
 

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "drive/json_text.h"
-#include "engine/module1.h"
+#include "engine/shared_form_values.h"
 
 namespace rulemesh {
 namespace {

@@ -8,8 +8,8 @@
 
 #include "base/numbers.h"
 #include "engine/copy_dumps.h"
-#include "engine/mapping.h"
 #include "engine/retarget.h"
+#include "engine/rule_mapping.h"
 #include "support/recording_events.h"
 #include "support/recording_platform.h"
 
@@ -53,7 +53,7 @@ protected:
     {
         views_.CmbDump.ListIndex(index);
         views_.CmbDump.Tag(PlainNumber(views_.CmbDump.ItemData()));
-        dumpView_.ShowDump(static_cast<std::int16_t>(views_.CmbDump.ItemData()));
+        shownDump_.ShowDump(static_cast<std::int16_t>(views_.CmbDump.ItemData()));
     }
 
     /// Makes the object a multi-target one with these tables on offer.
@@ -90,10 +90,10 @@ protected:
     SourceTableList sourceTables_{access_, views_, events_};
     MainQueries queries_{access_, state_, views_, platform_, events_, scanner_};
     PreConditions preConditions_{access_, state_, views_, platform_, events_, scanner_, queries_, sourceTables_};
-    DumpStore store_{access_, state_, views_};
-    DumpView dumpView_{access_, state_, views_, platform_, store_};
-    RuleMapping mapping_{views_, platform_, store_, dumpView_};
-    DumpCopying copying_{access_, state_, views_, platform_, dumpView_, preConditions_};
+    DumpLookup lookup_{access_, state_, views_};
+    ShownDump shownDump_{access_, state_, views_, platform_, lookup_};
+    RuleMapping mapping_{views_, platform_, lookup_, shownDump_};
+    DumpCopying copying_{access_, state_, views_, platform_, shownDump_, preConditions_};
 };
 
 } // namespace rulemesh

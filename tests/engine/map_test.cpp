@@ -2,8 +2,9 @@
 
 #include "base/failure.h"
 #include "base/failure_of.h"
-#include "document/field_catalogue.h"
 #include "engine/engine_bench.h"
+#include "engine/field_rows.h"
+#include "object/field_catalogue.h"
 
 namespace rulemesh {
 namespace {

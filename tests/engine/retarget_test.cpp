@@ -7,6 +7,7 @@
 #include "base/failure.h"
 #include "base/failure_of.h"
 #include "engine/engine_bench.h"
+#include "engine/shared_form_values.h"
 
 namespace rulemesh {
 namespace {
@@ -42,7 +43,7 @@ protected:
     }
 
     StubChooser chooser_;
-    DumpRetargeting retargeting_{access_, views_, platform_, store_, dumpView_, chooser_};
+    DumpRetargeting retargeting_{access_, views_, platform_, lookup_, shownDump_, chooser_};
 };
 
 // After a choice of a dump that failed, the dump in the tag is not the selected one.

@@ -7,7 +7,7 @@
 #include <nlohmann/json.hpp>
 
 #include "drive/session.h"
-#include "engine/module1.h"
+#include "engine/shared_form_values.h"
 
 // Every line of requests is answered by one object that tells whether it was done, in one line of well-formed UTF-8.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)

@@ -7,7 +7,7 @@
 
 #include "base/case_map.h"
 #include "desktop/qt_text.h"
-#include "document/names.h"
+#include "object/names.h"
 
 namespace rulemesh {
 

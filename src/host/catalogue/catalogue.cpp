@@ -4,7 +4,7 @@
 
 #include "base/case_map.h"
 #include "base/numbers.h"
-#include "document/document_access.h"
+#include "object/document_access.h"
 
 namespace rulemesh {
 

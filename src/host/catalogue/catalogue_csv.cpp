@@ -9,10 +9,10 @@
 
 #include "base/case_map.h"
 #include "desktop/qt_text.h"
-#include "document/names.h"
 #include "document/xml_characters.h"
 #include "host/catalogue/csv_reader.h"
 #include "host/files/host_error.h"
+#include "object/names.h"
 #include "script/keywords.h"
 
 namespace rulemesh {

@@ -5,12 +5,12 @@
 #include <QFileInfo>
 #include <QXmlStreamReader>
 
-#include "document/control_state.h"
 #include "document/xml_document.h"
 #include "host/files/host_error.h"
 #include "host/files/object_encoding.h"
 #include "host/files/plain_file.h"
 #include "host/files/safe_file.h"
+#include "object/control_state.h"
 
 namespace rulemesh {
 

@@ -8,10 +8,10 @@
 #include "desktop/qt_text.h"
 #include "desktop/rulemesh_widget.h"
 #include "desktop/view_surface.h"
-#include "document/document_access.h"
 #include "host/builders/source_tables_builder.h"
 #include "host/catalogue/catalogue.h"
 #include "host/reading/script_statements.h"
+#include "object/document_access.h"
 
 namespace rulemesh {
 

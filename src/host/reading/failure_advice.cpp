@@ -5,9 +5,9 @@
 #include "base/failure.h"
 #include "base/numbers.h"
 #include "desktop/qt_text.h"
-#include "document/document_access.h"
 #include "host/reading/field_numbers.h"
 #include "host/reading/script_statements.h"
+#include "object/document_access.h"
 #include "shell/ctl_rulemesh.h"
 
 namespace rulemesh {

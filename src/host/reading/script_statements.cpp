@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/numbers.h"
-#include "document/document_access.h"
+#include "object/document_access.h"
 #include "script/statements.h"
 
 namespace rulemesh {

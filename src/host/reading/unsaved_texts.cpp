@@ -2,7 +2,7 @@
 
 #include "base/failure.h"
 #include "base/numbers.h"
-#include "engine/dump_records.h"
+#include "object/dump_records.h"
 #include "script/main_query.h"
 #include "shell/ctl_rulemesh.h"
 

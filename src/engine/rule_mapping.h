@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/dump_view.h"
+#include "engine/shown_dump.h"
 
 namespace rulemesh {
 
@@ -8,8 +8,8 @@ namespace rulemesh {
 /// every field without a rule, by comparing it with all source fields. A rule that is there already is never replaced.
 class RuleMapping {
 public:
-    RuleMapping(DesignerViews& views, Platform& platform, DumpStore& store, DumpView& dumpView)
-        : views_(views), platform_(platform), store_(store), dumpView_(dumpView)
+    RuleMapping(DesignerViews& views, Platform& platform, DumpLookup& lookup, ShownDump& shownDump)
+        : views_(views), platform_(platform), lookup_(lookup), shownDump_(shownDump)
     {
     }
 
@@ -24,12 +24,11 @@ public:
 
 private:
     [[nodiscard]] Text RuleFromTickedFields(TextView StrTargetType) const;
-    [[nodiscard]] bool IsRuleBlank(int row) const;
 
     DesignerViews& views_;
     Platform& platform_;
-    DumpStore& store_;
-    DumpView& dumpView_;
+    DumpLookup& lookup_;
+    ShownDump& shownDump_;
 };
 
 /// Blanks cut from both ends and then tabs dropped leave nothing. Blanks between tabs do not count as blank.

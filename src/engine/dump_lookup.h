@@ -2,15 +2,15 @@
 
 #include <cstdint>
 
-#include "engine/dump_records.h"
+#include "object/dump_records.h"
 #include "views/designer_views.h"
 
 namespace rulemesh {
 
 /// The dumps of the object that is shown: the records of its document, and what the views say about them.
-class DumpStore : public DumpRecords {
+class DumpLookup : public DumpRecords {
 public:
-    DumpStore(DocumentAccess& document, ControlState& state, DesignerViews& views)
+    DumpLookup(DocumentAccess& document, ControlState& state, DesignerViews& views)
         : DumpRecords(document, state), views_(views)
     {
     }

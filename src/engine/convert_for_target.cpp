@@ -1,4 +1,4 @@
-#include "engine/module1.h"
+#include "engine/convert_for_target.h"
 
 namespace rulemesh {
 
@@ -18,12 +18,6 @@ Text ConvertForTarget(TextView StrSourceName, TextView StrSourceType, TextView S
     if (StrSourceType != StrTargetType)
         return {}; // a plain and a multi-byte string are not assigned to each other
     return ReplaceAll(StrName, u"(", u"(1,");
-}
-
-SharedFormValues& Shared() noexcept
-{
-    static SharedFormValues values;
-    return values;
 }
 
 } // namespace rulemesh

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "document/document_access.h"
+#include "object/document_access.h"
 
 namespace rulemesh {
 namespace {

@@ -1,4 +1,4 @@
-#include "engine/dump_view.h"
+#include "engine/shown_dump.h"
 
 #include <gmock/gmock.h>
 
@@ -15,14 +15,14 @@ using testing::IsEmpty;
 constexpr const char* Catalogue = R"(<TARTAB><TGTAB001><ITEM No="1"/><PRICE__1 No="2"/></TGTAB001>)"
                                   R"(<TGTAB002><CODE No="1"/></TGTAB002></TARTAB>)";
 
-class DumpViewTest : public EngineBench {
+class ShownDumpTest : public EngineBench {
 protected:
     void LoadWith(const std::string& dumps) { Load(Catalogue + dumps); }
 
     [[nodiscard]] std::string Dumps() const { return Below().substr(std::string(Catalogue).size()); }
 };
 
-TEST_F(DumpViewTest, ShowsTheRulesInTheRowsOfTheirNumbers)
+TEST_F(ShownDumpTest, ShowsTheRulesInTheRowsOfTheirNumbers)
 {
     LoadWith(R"(<DUMP No="3" TT_DESC="Items"><PRICE__1>p</PRICE__1></DUMP>)");
     NameDumps({{3, u"| three"}});
@@ -36,7 +36,7 @@ TEST_F(DumpViewTest, ShowsTheRulesInTheRowsOfTheirNumbers)
     EXPECT_EQ(views_.lblTargetTableDescription.Caption(), u"Items");
 }
 
-TEST_F(DumpViewTest, RowsGoByTheNumberAndNotByThePlace)
+TEST_F(ShownDumpTest, RowsGoByTheNumberAndNotByThePlace)
 {
     Load(R"(<TARTAB><TGTAB001><A No="2"/><B No="1"/></TGTAB001></TARTAB><DUMP No="1"><A>a</A></DUMP>)");
     NameDumps({{1, u""}});
@@ -45,34 +45,34 @@ TEST_F(DumpViewTest, RowsGoByTheNumberAndNotByThePlace)
     EXPECT_THAT(Rules(), ElementsAre(u"", u"a"));
 }
 
-TEST_F(DumpViewTest, AFieldWithoutANumberFailsTheLoad)
+TEST_F(ShownDumpTest, AFieldWithoutANumberFailsTheLoad)
 {
     Load(R"(<TARTAB><TGTAB001><A No="x"/><B No="2"/></TGTAB001></TARTAB><DUMP No="1"/>)");
     NameDumps({{1, u""}});
     EXPECT_EQ(FailureOf([&] { Show(0); }), FailureCode::TypeMismatch);
 }
 
-TEST_F(DumpViewTest, AFaultyNumberFailsTheLoadBeforeADumpIsMade)
+TEST_F(ShownDumpTest, AFaultyNumberFailsTheLoadBeforeADumpIsMade)
 {
     const std::string below = R"(<TARTAB><TGTAB001><A No="x"/></TGTAB001></TARTAB>)";
     Load(below);
     NameDumps({{4, u""}});
     views_.RulesGrid.AddItem({u"tgtab001.a", u" "});
     views_.CmbDump.Tag(u"4");
-    EXPECT_EQ(FailureOf([&] { dumpView_.LoadDumpRules(4); }), FailureCode::TypeMismatch);
+    EXPECT_EQ(FailureOf([&] { shownDump_.LoadDumpRules(4); }), FailureCode::TypeMismatch);
     EXPECT_EQ(Below(), below);
 }
 
-TEST_F(DumpViewTest, ARowBelowSixteenBitsIsAnOverflow)
+TEST_F(ShownDumpTest, ARowBelowSixteenBitsIsAnOverflow)
 {
     Load(R"(<TARTAB><TGTAB001><A No="-32768"/></TGTAB001></TARTAB><DUMP No="1"/>)");
     NameDumps({{1, u""}});
     views_.CmbDump.Tag(u"1");
-    EXPECT_EQ(FailureOf([&] { dumpView_.LoadDumpRules(1); }), FailureCode::Overflow);
-    EXPECT_EQ(FailureOf([&] { dumpView_.SaveDumpRules(u"1"); }), FailureCode::Overflow);
+    EXPECT_EQ(FailureOf([&] { shownDump_.LoadDumpRules(1); }), FailureCode::Overflow);
+    EXPECT_EQ(FailureOf([&] { shownDump_.SaveDumpRules(u"1"); }), FailureCode::Overflow);
 }
 
-TEST_F(DumpViewTest, ARuleIsShownAsItIsStored)
+TEST_F(ShownDumpTest, ARuleIsShownAsItIsStored)
 {
     LoadWith("<DUMP No=\"1\"><ITEM>a &amp;lt; b\nc</ITEM></DUMP>");
     NameDumps({{1, u""}});
@@ -80,28 +80,28 @@ TEST_F(DumpViewTest, ARuleIsShownAsItIsStored)
     EXPECT_EQ(Rules().front(), u"a &lt; b\nc");
 }
 
-TEST_F(DumpViewTest, DumpZeroEmptiesTheRulesAndLeavesTheDocument)
+TEST_F(ShownDumpTest, DumpZeroEmptiesTheRulesAndLeavesTheDocument)
 {
     LoadWith(R"(<DUMP No="3"><ITEM>i</ITEM></DUMP>)");
     NameDumps({{3, u""}});
     Show(0);
     const std::string before = Dumps();
-    dumpView_.LoadDumpRules(0);
+    shownDump_.LoadDumpRules(0);
     EXPECT_THAT(Rules(), ElementsAre(u"", u""));
     EXPECT_EQ(Dumps(), before);
 }
 
-TEST_F(DumpViewTest, LoadingTakesTheFirstEntryWhenNoneIsSelected)
+TEST_F(ShownDumpTest, LoadingTakesTheFirstEntryWhenNoneIsSelected)
 {
     LoadWith(R"(<DUMP No="3"/><DUMP No="4"/>)");
     NameDumps({{3, u"c"}, {4, u"d"}});
     views_.CmbDump.Tag(u"4");
-    dumpView_.ShowDump(4);
+    shownDump_.ShowDump(4);
     EXPECT_EQ(views_.CmbDump.ListIndex(), 0);
     EXPECT_EQ(views_.Details.Caption(), u"F&ields of Dump:  3:c");
 }
 
-TEST_F(DumpViewTest, LoadingPutsTheFirstRowOnTop)
+TEST_F(ShownDumpTest, LoadingPutsTheFirstRowOnTop)
 {
     std::string fields;
     for (int number = 1; number <= 20; ++number)
@@ -110,48 +110,48 @@ TEST_F(DumpViewTest, LoadingPutsTheFirstRowOnTop)
     NameDumps({{1, u""}});
     Show(0);
     views_.RulesGrid.TopRow(7);
-    dumpView_.LoadDumpRules(1);
+    shownDump_.LoadDumpRules(1);
     EXPECT_EQ(views_.RulesGrid.TopRow(), 0);
 }
 
-TEST_F(DumpViewTest, LoadingWithoutATableSetsTheTagInTwoDigits)
+TEST_F(ShownDumpTest, LoadingWithoutATableSetsTheTagInTwoDigits)
 {
     Load(R"(<DUMP No="3"/>)");
     NameDumps({{3, u""}});
     views_.RulesGrid.AddItem({u"tgtab001.item", u"i"});
     views_.CmbDump.Tag(u"3");
-    dumpView_.LoadDumpRules(3);
+    shownDump_.LoadDumpRules(3);
     EXPECT_EQ(views_.CmbDump.Tag(), u"03");
     EXPECT_THAT(Rules(), ElementsAre(u"i"));
     EXPECT_FALSE(views_.CmbDump.HasSelection());
 }
 
-TEST_F(DumpViewTest, WithoutATableOnlyTheTagIsSet)
+TEST_F(ShownDumpTest, WithoutATableOnlyTheTagIsSet)
 {
     Load(R"(<DUMP No="3"/>)");
     NameDumps({{3, u""}});
     views_.CmbDump.Tag(u"3");
-    dumpView_.ShowDump(3);
+    shownDump_.ShowDump(3);
     EXPECT_EQ(views_.CmbDump.Tag(), u"03");
     EXPECT_EQ(views_.RulesGrid.Rows(), 0);
     EXPECT_EQ(views_.Details.Caption(), u"Deta&ils");
 }
 
-TEST_F(DumpViewTest, SourceFieldsComeInTheOrderOfTheTables)
+TEST_F(ShownDumpTest, SourceFieldsComeInTheOrderOfTheTables)
 {
     Load("<SRCTAB><SRTAB001><A/></SRTAB001><SRTAB002><A/><B/></SRTAB002></SRCTAB>");
     for (const TextView table : {u"srTAB002", u"", u"none0001", u"srtab001"})
         views_.lstSourceTables.Add({Text(table)});
     views_.lstSourceFields.Add({u"*", u"001", u"left.over"});
     views_.lstSourceFields.Sorted(false);
-    dumpView_.ShowDump(1);
+    shownDump_.ShowDump(1);
     ASSERT_EQ(views_.lstSourceFields.Count(), 3);
     EXPECT_EQ(views_.lstSourceFields.TextAt(1, 2), u"srtab002.a");
     EXPECT_EQ(views_.lstSourceFields.TextAt(2, 2), u"srtab002.b");
     EXPECT_EQ(views_.lstSourceFields.TextAt(3, 2), u"srtab001.a");
 }
 
-TEST_F(DumpViewTest, ASingleTargetObjectKeepsItsRows)
+TEST_F(ShownDumpTest, ASingleTargetObjectKeepsItsRows)
 {
     LoadWith(R"(<DUMP No="1"/><DUMP No="2"><ITEM>i</ITEM></DUMP>)");
     NameDumps({{1, u""}, {2, u""}});
@@ -162,7 +162,7 @@ TEST_F(DumpViewTest, ASingleTargetObjectKeepsItsRows)
     EXPECT_THAT(Rules(), ElementsAre(u"i", u""));
 }
 
-TEST_F(DumpViewTest, AGridOfOneRowIsBuiltAgain)
+TEST_F(ShownDumpTest, AGridOfOneRowIsBuiltAgain)
 {
     Load(R"(<TARTAB><TGTAB001><ITEM No="1"/></TGTAB001></TARTAB><DUMP No="1"/>)");
     NameDumps({{1, u""}});
@@ -172,7 +172,7 @@ TEST_F(DumpViewTest, AGridOfOneRowIsBuiltAgain)
     EXPECT_THAT(Keys(), ElementsAre(u"tgtab001.item"));
 }
 
-TEST_F(DumpViewTest, AMultiTargetObjectShowsTheTableOfTheDump)
+TEST_F(ShownDumpTest, AMultiTargetObjectShowsTheTableOfTheDump)
 {
     LoadWith(R"(<DUMP No="1" TT="tgtab001"/><DUMP No="2" TT="tgtab002" TT_DESC="Codes"><CODE>c</CODE></DUMP>)");
     NameDumps({{1, u""}, {2, u""}});
@@ -189,7 +189,7 @@ TEST_F(DumpViewTest, AMultiTargetObjectShowsTheTableOfTheDump)
     EXPECT_EQ(views_.lblTargetTableDescription.Caption(), u"Codes");
 }
 
-TEST_F(DumpViewTest, ATableWithoutCatalogueEmptiesTheListAndLeavesTheRows)
+TEST_F(ShownDumpTest, ATableWithoutCatalogueEmptiesTheListAndLeavesTheRows)
 {
     LoadWith(R"(<DUMP No="1" TT="tgtab001"/><DUMP No="2" TT="other001"/>)");
     NameDumps({{1, u""}, {2, u""}});
@@ -201,121 +201,121 @@ TEST_F(DumpViewTest, ATableWithoutCatalogueEmptiesTheListAndLeavesTheRows)
     EXPECT_EQ(views_.CmbDump.Tag(), u"2");
 }
 
-TEST_F(DumpViewTest, RefreshWithoutATagLeavesTheBlankOfEachRow)
+TEST_F(ShownDumpTest, RefreshWithoutATagLeavesTheBlankOfEachRow)
 {
     LoadWith(R"(<DUMP No="1" TT="tgtab001"><ITEM>i</ITEM></DUMP>)");
     NameDumps({{1, u"| one"}});
     OfferTables({u"other001", u"tgtab001", u"TGTAB001", u"TGTAB001"});
     views_.CmbDump.ListIndex(0);
-    dumpView_.RefreshTargetFields();
+    shownDump_.RefreshTargetFields();
     EXPECT_THAT(Rules(), ElementsAre(u" ", u" "));
     EXPECT_EQ(views_.CmbDump.ToolTip(), u"| one");
     EXPECT_EQ(views_.CmbTargetTable.ListIndex(), 2); // the first that equals the element's name
 }
 
-TEST_F(DumpViewTest, RefreshDoesNothingForASingleTarget)
+TEST_F(ShownDumpTest, RefreshDoesNothingForASingleTarget)
 {
     LoadWith("");
     views_.lstTargetFields.Add({u"", u"", u"001", u"kept"});
-    dumpView_.RefreshTargetFields();
+    shownDump_.RefreshTargetFields();
     EXPECT_EQ(views_.lstTargetFields.Count(), 1);
 }
 
-TEST_F(DumpViewTest, RefreshTargetListFillsAnew)
+TEST_F(ShownDumpTest, RefreshTargetListFillsAnew)
 {
     LoadWith("");
     views_.lstTargetFields.Add({u"", u"", u"001", u"gone"});
-    dumpView_.RefreshTargetList();
+    shownDump_.RefreshTargetList();
     ASSERT_EQ(views_.lstTargetFields.Count(), 2);
     EXPECT_EQ(views_.lstTargetFields.TextAt(1, 3), u"tgtab001.item");
     Load("");
-    dumpView_.RefreshTargetList();
+    shownDump_.RefreshTargetList();
     EXPECT_EQ(views_.lstTargetFields.Count(), 0);
 }
 
-TEST_F(DumpViewTest, TheLabelGoesByTheTagAndTheDescriptionByTheArgument)
+TEST_F(ShownDumpTest, TheLabelGoesByTheTagAndTheDescriptionByTheArgument)
 {
     LoadWith(R"(<DUMP No="1" TT="tgtab002" TT_DESC="one"/><DUMP No="2" TT="tgtab001" TT_DESC="two"/>)");
     OfferTables({u" tgtab002", u"tgtab002 ", u"TGTAB002"});
     views_.CmbDump.Tag(u"1");
-    dumpView_.ShowDumpTarget(u"2");
+    shownDump_.ShowDumpTarget(u"2");
     EXPECT_EQ(views_.LBLTargetTableName.Caption(), u"tgtab002");
     EXPECT_EQ(views_.lblTargetTableDescription.Caption(), u"two");
     EXPECT_EQ(views_.CmbTargetTable.ListIndex(), 1); // trimmed, and the last of two
 }
 
-TEST_F(DumpViewTest, AnEmptyTagFailsTheLabels)
+TEST_F(ShownDumpTest, AnEmptyTagFailsTheLabels)
 {
     LoadWith(R"(<DUMP No="1"/>)");
-    EXPECT_EQ(FailureOf([&] { dumpView_.ShowDumpTarget(u"1"); }), FailureCode::TypeMismatch);
+    EXPECT_EQ(FailureOf([&] { shownDump_.ShowDumpTarget(u"1"); }), FailureCode::TypeMismatch);
 }
 
-TEST_F(DumpViewTest, SavingCreatesChangesAndRemovesRecords)
+TEST_F(ShownDumpTest, SavingCreatesChangesAndRemovesRecords)
 {
     LoadWith(R"(<DUMP No="1"><ITEM TEXT="note" TYPE="0">old</ITEM></DUMP>)");
     NameDumps({{1, u""}});
     Show(0);
     views_.RulesGrid.TextMatrix(0, 1, u"new");
     views_.RulesGrid.TextMatrix(1, 1, u"a\r\nb");
-    dumpView_.SaveDumpRules(u"1");
+    shownDump_.SaveDumpRules(u"1");
     EXPECT_EQ(Dumps(), "<DUMP No=\"1\" TT=\"tgtab001\"><ITEM TEXT=\"note\" TYPE=\"0\">new</ITEM>"
                        "<PRICE__1 TEXT=\"\" TYPE=\"1\">a&#13;\nb</PRICE__1></DUMP>");
     views_.RulesGrid.TextMatrix(0, 1, u"");
     views_.RulesGrid.TextMatrix(1, 1, u"a b");
-    dumpView_.SaveDumpRules(u"01");
+    shownDump_.SaveDumpRules(u"01");
     EXPECT_EQ(Dumps(), R"(<DUMP No="1" TT="tgtab001"><PRICE__1 TEXT="" TYPE="0">a b</PRICE__1></DUMP>)");
 }
 
-TEST_F(DumpViewTest, SavingNoDumpDoesNothing)
+TEST_F(ShownDumpTest, SavingNoDumpDoesNothing)
 {
     LoadWith(R"(<DUMP No="0"/>)");
     NameDumps({{1, u""}});
     views_.RulesGrid.AddItem({u"tgtab001.item", u"x"});
     views_.RulesGrid.AddItem({u"tgtab001.price(1)", u"y"});
-    dumpView_.SaveDumpRules(u"");
-    dumpView_.SaveDumpRules(u"0");
+    shownDump_.SaveDumpRules(u"");
+    shownDump_.SaveDumpRules(u"0");
     EXPECT_EQ(Dumps(), R"(<DUMP No="0"/>)");
-    EXPECT_EQ(FailureOf([&] { dumpView_.SaveDumpRules(u"x"); }), FailureCode::TypeMismatch);
+    EXPECT_EQ(FailureOf([&] { shownDump_.SaveDumpRules(u"x"); }), FailureCode::TypeMismatch);
 }
 
 // The text "00" is not the text "0": it is a dump like any other.
-TEST_F(DumpViewTest, SavingTwoZerosSavesDumpZero)
+TEST_F(ShownDumpTest, SavingTwoZerosSavesDumpZero)
 {
     LoadWith("");
     NameDumps({{0, u""}});
     views_.RulesGrid.AddItem({u"tgtab001.item", u"x"});
     views_.RulesGrid.AddItem({u"tgtab001.price(1)", u""});
-    dumpView_.SaveDumpRules(u"00");
+    shownDump_.SaveDumpRules(u"00");
     EXPECT_EQ(Dumps(), R"(<DUMP No="0"><ITEM TEXT="" TYPE="0">x</ITEM></DUMP>)");
 }
 
-TEST_F(DumpViewTest, TheBlankOfANewRowBecomesARecordThatTheNextSaveRemoves)
+TEST_F(ShownDumpTest, TheBlankOfANewRowBecomesARecordThatTheNextSaveRemoves)
 {
     LoadWith(R"(<DUMP No="1"/>)");
     NameDumps({{1, u""}});
     Show(0);
     views_.RulesGrid.TextMatrix(0, 1, u" ");
-    dumpView_.SaveDumpRules(u"1");
+    shownDump_.SaveDumpRules(u"1");
     EXPECT_EQ(Dumps(), R"(<DUMP No="1" TT="tgtab001"><ITEM TEXT="" TYPE="0"> </ITEM></DUMP>)");
-    dumpView_.LoadDumpRules(1);
-    dumpView_.SaveDumpRules(u"1");
+    shownDump_.LoadDumpRules(1);
+    shownDump_.SaveDumpRules(u"1");
     EXPECT_EQ(Dumps(), R"(<DUMP No="1" TT="tgtab001"/>)");
 }
 
-TEST_F(DumpViewTest, AFieldPastTheLastRowIsSkippedWithARecordAndFailsWithoutOne)
+TEST_F(ShownDumpTest, AFieldPastTheLastRowIsSkippedWithARecordAndFailsWithoutOne)
 {
     Load(R"(<TARTAB><TGTAB001><A No="2"/></TGTAB001></TARTAB><DUMP No="1"><A TEXT="n">a</A></DUMP><DUMP No="2"/>)");
     NameDumps({{1, u""}});
     views_.RulesGrid.AddItem({u"tgtab001.a", u"x"});
     const std::string before = Below();
-    dumpView_.SaveDumpRules(u"1");
+    shownDump_.SaveDumpRules(u"1");
     EXPECT_EQ(Below(), before);
-    EXPECT_EQ(FailureOf([&] { dumpView_.SaveDumpRules(u"2"); }), FailureCode::InvalidPropertyArrayIndex);
+    EXPECT_EQ(FailureOf([&] { shownDump_.SaveDumpRules(u"2"); }), FailureCode::InvalidPropertyArrayIndex);
     Load(R"(<TARTAB><TGTAB001><A No="3"/></TGTAB001></TARTAB><DUMP No="2"/>)");
-    EXPECT_EQ(FailureOf([&] { dumpView_.SaveDumpRules(u"2"); }), std::nullopt); // two past it is skipped
+    EXPECT_EQ(FailureOf([&] { shownDump_.SaveDumpRules(u"2"); }), std::nullopt); // two past it is skipped
 }
 
-TEST_F(DumpViewTest, SavingAMissingDumpOfAMultiTargetObjectTakesTheChosenTable)
+TEST_F(ShownDumpTest, SavingAMissingDumpOfAMultiTargetObjectTakesTheChosenTable)
 {
     LoadWith("");
     NameDumps({{2, u""}});
@@ -323,12 +323,12 @@ TEST_F(DumpViewTest, SavingAMissingDumpOfAMultiTargetObjectTakesTheChosenTable)
     views_.CmbTargetTable.ListIndex(0);
     views_.RulesGrid.AddItem({u"tgtab002.code", u"c"});
     views_.CmbDump.Tag(u"2");
-    dumpView_.SaveDumpRules(u"2");
+    shownDump_.SaveDumpRules(u"2");
     EXPECT_EQ(Dumps(), R"(<DUMP No="2" TT="TGTAB002"><CODE TEXT="" TYPE="0">c</CODE></DUMP>)");
     EXPECT_THAT(platform_.Messages, IsEmpty());
 }
 
-TEST_F(DumpViewTest, SavingAMissingDumpWithoutAChosenTableSaysSoAndSaves)
+TEST_F(ShownDumpTest, SavingAMissingDumpWithoutAChosenTableSaysSoAndSaves)
 {
     LoadWith("");
     NameDumps({{2, u""}});
@@ -336,7 +336,7 @@ TEST_F(DumpViewTest, SavingAMissingDumpWithoutAChosenTableSaysSoAndSaves)
     views_.RulesGrid.AddItem({u"tgtab001.item", u"i"});
     views_.RulesGrid.AddItem({u"tgtab001.price(1)", u""});
     views_.CmbDump.Tag(u"2");
-    dumpView_.SaveDumpRules(u"2");
+    shownDump_.SaveDumpRules(u"2");
     ASSERT_EQ(platform_.Messages.size(), 1U);
     EXPECT_EQ(platform_.Messages[0].Text, u"TargetTable for the Dump Not chosen. Please Choose One Now");
     EXPECT_EQ(platform_.Messages[0].Title, u"");
@@ -346,7 +346,7 @@ TEST_F(DumpViewTest, SavingAMissingDumpWithoutAChosenTableSaysSoAndSaves)
     EXPECT_EQ(Dumps(), R"(<DUMP No="2" TT="tgtab001"><ITEM TEXT="" TYPE="0">i</ITEM></DUMP>)");
 }
 
-TEST_F(DumpViewTest, SavingAMissingDumpWithoutAChosenTableTurnsToTheTables)
+TEST_F(ShownDumpTest, SavingAMissingDumpWithoutAChosenTableTurnsToTheTables)
 {
     LoadWith(R"(<DUMP No="1" TT="TGTAB001"/>)");
     NameDumps({{1, u""}, {2, u""}});
@@ -356,45 +356,45 @@ TEST_F(DumpViewTest, SavingAMissingDumpWithoutAChosenTableTurnsToTheTables)
     views_.RulesGrid.AddItem({u"tgtab001.item", u""});
     views_.RulesGrid.AddItem({u"tgtab001.price(1)", u""});
     views_.CmbDump.Tag(u"1");
-    dumpView_.SaveDumpRules(u"2");
+    shownDump_.SaveDumpRules(u"2");
     EXPECT_EQ(views_.MainTab.Tab(), 1);
     EXPECT_EQ(views_.Tree.Focused(), &views_.CmbTargetTable);
     EXPECT_EQ(Dumps(), R"(<DUMP No="1" TT="TGTAB001"/><DUMP No="2" TT=""/>)"); // not stamped: dump 1 is the shown one
 }
 
-TEST_F(DumpViewTest, SavingAMissingDumpOfASingleTargetObjectAsksForNoTable)
+TEST_F(ShownDumpTest, SavingAMissingDumpOfASingleTargetObjectAsksForNoTable)
 {
     LoadWith("");
     views_.RulesGrid.AddItem({u"tgtab001.item", u""});
     views_.RulesGrid.AddItem({u"tgtab001.price(1)", u""});
-    dumpView_.SaveDumpRules(u"2");
+    shownDump_.SaveDumpRules(u"2");
     EXPECT_EQ(Dumps(), R"(<DUMP No="2"/>)");
     EXPECT_THAT(platform_.Messages, IsEmpty());
     EXPECT_EQ(views_.MainTab.Tab(), 0);
 }
 
-TEST_F(DumpViewTest, SavingAMissingDumpAppendsItToTheFirstNodeOfTheDocument)
+TEST_F(ShownDumpTest, SavingAMissingDumpAppendsItToTheFirstNodeOfTheDocument)
 {
     const std::string xml = "<!--c--><tgtab001>" + std::string(Catalogue) + "</tgtab001>";
     ASSERT_TRUE(document_.loadXML(xml));
-    EXPECT_EQ(FailureOf([&] { dumpView_.SaveDumpRules(u"2"); }), FailureCode::ObjectVariableNotSet);
+    EXPECT_EQ(FailureOf([&] { shownDump_.SaveDumpRules(u"2"); }), FailureCode::ObjectVariableNotSet);
     EXPECT_EQ(document_.xmlUtf8(), xml);
 }
 
-TEST_F(DumpViewTest, LeavingTheListMakesTheChosenDumpTheShownOneBeforeItLoads)
+TEST_F(ShownDumpTest, LeavingTheListMakesTheChosenDumpTheShownOneBeforeItLoads)
 {
     LoadWith(R"(<DUMP No="1" TT="TGTAB001"/><DUMP No="2" TT="TGTAB002"><CODE>c</CODE></DUMP>)");
     NameDumps({{1, u""}, {2, u""}});
     OfferTables({u"TGTAB001", u"TGTAB002"});
     Show(0);
     views_.CmbDump.ListIndex(1); // as after a choice that failed before it set the tag
-    dumpView_.CmbDump_LostFocus();
+    shownDump_.CmbDump_LostFocus();
     EXPECT_EQ(views_.CmbDump.Tag(), u"2");
     EXPECT_THAT(Keys(), ElementsAre(u"tgtab002.code"));
     EXPECT_THAT(Rules(), ElementsAre(u"c"));
 }
 
-TEST_F(DumpViewTest, AChoiceSavesTheOldDumpAndNamesTheNewOne)
+TEST_F(ShownDumpTest, AChoiceSavesTheOldDumpAndNamesTheNewOne)
 {
     LoadWith(R"(<DUMP No="1"/><DUMP No="2" TT="tgtab002" TT_DESC="Codes"/>)");
     NameDumps({{1, u""}, {2, u""}});
@@ -402,18 +402,18 @@ TEST_F(DumpViewTest, AChoiceSavesTheOldDumpAndNamesTheNewOne)
     views_.RulesGrid.TextMatrix(0, 1, u"i");
     views_.CmbDump.ListIndex(1);
     views_.lblTargetTable.Visible(true);
-    dumpView_.CmbDump_Click();
+    shownDump_.CmbDump_Click();
     EXPECT_EQ(Dumps(), R"(<DUMP No="1" TT="tgtab001"><ITEM TEXT="" TYPE="0">i</ITEM></DUMP>)"
                        R"(<DUMP No="2" TT="tgtab002" TT_DESC="Codes"/>)");
     EXPECT_EQ(views_.CmbDump.Tag(), u"2");
     EXPECT_EQ(views_.LBLTargetTableName.Caption(), u"tgtab002");
     EXPECT_EQ(views_.lblTargetTableDescription.Caption(), u"Codes");
     EXPECT_THAT(Rules(), ElementsAre(u"i", u"")); // the load comes with the lost focus
-    dumpView_.CmbDump_LostFocus();
+    shownDump_.CmbDump_LostFocus();
     EXPECT_THAT(Rules(), ElementsAre(u"", u""));
 }
 
-TEST_F(DumpViewTest, ShowNamesTheTableWithoutTheDescription)
+TEST_F(ShownDumpTest, ShowNamesTheTableWithoutTheDescription)
 {
     LoadWith(R"(<DUMP No="1"/><DUMP No="2" TT="tgtab002" TT_DESC="Codes"/>)");
     NameDumps({{1, u""}, {2, u""}});
@@ -421,46 +421,46 @@ TEST_F(DumpViewTest, ShowNamesTheTableWithoutTheDescription)
     views_.CmbDump.ListIndex(1);
     views_.lblTargetTable.Visible(true);
     views_.lblTargetTableDescription.Caption(u"before");
-    dumpView_.Command1_Click();
+    shownDump_.Command1_Click();
     EXPECT_EQ(views_.LBLTargetTableName.Caption(), u"tgtab002");
     EXPECT_EQ(views_.lblTargetTableDescription.Caption(), u"before");
     EXPECT_EQ(views_.CmbDump.Tag(), u"2");
 }
 
-TEST_F(DumpViewTest, AFirstChoiceSavesNothing)
+TEST_F(ShownDumpTest, AFirstChoiceSavesNothing)
 {
     LoadWith("");
     NameDumps({{1, u""}});
     views_.CmbDump.ListIndex(0);
     views_.lblTargetTable.Visible(true);
-    dumpView_.CmbDump_Click();
+    shownDump_.CmbDump_Click();
     EXPECT_EQ(views_.CmbDump.Tag(), u"1");
     EXPECT_EQ(views_.LBLTargetTableName.Caption(), u"");
     EXPECT_EQ(Dumps(), "");
 }
 
-TEST_F(DumpViewTest, LeavingTheComboLoadsOnlyAnotherDump)
+TEST_F(ShownDumpTest, LeavingTheComboLoadsOnlyAnotherDump)
 {
     LoadWith(R"(<DUMP No="1"/><DUMP No="2"/>)");
     NameDumps({{1, u"a:b"}, {2, u""}});
-    dumpView_.CmbDump_LostFocus(); // no dump shown yet
+    shownDump_.CmbDump_LostFocus(); // no dump shown yet
     EXPECT_EQ(views_.CmbDump.Tag(), u"");
     Show(0);
     views_.RulesGrid.TextMatrix(0, 1, u"typed");
-    dumpView_.CmbDump_LostFocus();
+    shownDump_.CmbDump_LostFocus();
     EXPECT_EQ(Rules().front(), u"typed");
     views_.CmbDump.Clear();
-    dumpView_.CmbDump_LostFocus();
+    shownDump_.CmbDump_LostFocus();
     EXPECT_EQ(Rules().front(), u"typed");
 }
 
-TEST_F(DumpViewTest, TheCaptionTellsTheDump)
+TEST_F(ShownDumpTest, TheCaptionTellsTheDump)
 {
-    EXPECT_FALSE(dumpView_.CaptionHasDump());
-    EXPECT_EQ(FailureOf([&] { static_cast<void>(dumpView_.DumpInCaption()); }), FailureCode::SubscriptOutOfRange);
+    EXPECT_FALSE(shownDump_.CaptionHasDump());
+    EXPECT_EQ(FailureOf([&] { static_cast<void>(shownDump_.DumpInCaption()); }), FailureCode::SubscriptOutOfRange);
     views_.Details.Caption(u"F&ields of Dump:  12:a:b");
-    EXPECT_EQ(dumpView_.DumpInCaption(), 12);
-    EXPECT_EQ(FailureOf([&] { static_cast<void>(dumpView_.SelectedDump()); }), FailureCode::ObjectVariableNotSet);
+    EXPECT_EQ(shownDump_.DumpInCaption(), 12);
+    EXPECT_EQ(FailureOf([&] { static_cast<void>(shownDump_.SelectedDump()); }), FailureCode::ObjectVariableNotSet);
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "engine/module1.h"
+#include "engine/convert_for_target.h"
 
 #include <vector>
 
@@ -60,13 +60,6 @@ TEST(ConvertForTarget, ComparesTypeWordsExactly)
     EXPECT_EQ(ConvertForTarget(u"a", u"UTC", u"utc"), u"a");
     EXPECT_EQ(ConvertForTarget(u"a(1)", u"string", u"String"), u"a(1)");
     EXPECT_EQ(ConvertForTarget(u"a", u"Multi-byte String", u"String"), u"a");
-}
-
-TEST(SharedFormValues, AreOneSetForTheProcess)
-{
-    Shared().StrDocText = u"left by the one";
-    EXPECT_EQ(Shared().StrDocText, u"left by the one");
-    EXPECT_EQ(&Shared(), &Shared());
 }
 
 } // namespace

@@ -6,10 +6,6 @@
 
 namespace rulemesh {
 
-/// The expression by which a source field becomes a target field: the plain name, a conversion between dates and UTC
-/// times, or "" where nothing is assigned by itself. Type words compare exactly.
-[[nodiscard]] Text ConvertForTarget(TextView StrSourceName, TextView StrSourceType, TextView StrTargetType);
-
 /// The values through which a control and the form FrmTxtDoc talk. There is one set for the whole process, as one such
 /// form is open at a time.
 struct SharedFormValues {
@@ -22,12 +18,5 @@ struct SharedFormValues {
 };
 
 [[nodiscard]] SharedFormValues& Shared() noexcept;
-
-/// What the engine needs of the form: to be shown in chooser mode on the shared values, until it is closed.
-class TargetChooser {
-public:
-    virtual ~TargetChooser() = default;
-    virtual void ShowChooser() = 0;
-};
 
 } // namespace rulemesh

@@ -1,12 +1,10 @@
-#include "document/field_catalogue.h"
+#include "object/field_catalogue.h"
 
 #include <string>
 #include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include "views/designer_views.h"
 
 namespace rulemesh {
 namespace {
@@ -23,16 +21,13 @@ protected:
         return document_.documentElement();
     }
 
-    [[nodiscard]] const Texts& SourceRow(const std::string& field)
+    [[nodiscard]] Texts SourceRow(const std::string& field)
     {
-        list_.Clear();
-        FillSourceFields(list_, Table(field));
-        return *list_.At(1).Texts;
+        const XmlNode table = Table(field);
+        return FieldTexts(table.baseName(), table.firstChild(), SourceField::Mark);
     }
 
     XmlDocument document_;
-    ViewTree tree_;
-    ListView list_{tree_, {.Name = u"list"}, {}};
 };
 
 constexpr const char* WholeField =
@@ -47,9 +42,10 @@ TEST_F(FieldCatalogue, SourceRowBeginsWithTheMark)
 
 TEST_F(FieldCatalogue, TargetRowBeginsWithAnEmptyText)
 {
-    FillTargetFields(list_, Table(WholeField));
-    EXPECT_THAT(*list_.At(1).Texts, ElementsAre(u"", u"*", u"007", u"tgtab001.price(1)", u"Float", u"10,2",
-                                                u"Price & more", u"Right", u"Upper", u"money", u" 0 ", u"a,b"));
+    const XmlNode table = Table(WholeField);
+    EXPECT_THAT(FieldTexts(table.baseName(), table.firstChild(), TargetField::Mark),
+                ElementsAre(u"", u"*", u"007", u"tgtab001.price(1)", u"Float", u"10,2", u"Price & more", u"Right",
+                            u"Upper", u"money", u" 0 ", u"a,b"));
 }
 
 TEST_F(FieldCatalogue, AbsentAttributesReadAsEmpty)
@@ -57,24 +53,6 @@ TEST_F(FieldCatalogue, AbsentAttributesReadAsEmpty)
     EXPECT_THAT(SourceRow("<CODE/>"),
                 ElementsAre(u"", u"000", u"tgtab001.code", u"", u"", u"", u"No", u"No", u"", u"", u""));
     EXPECT_EQ(SourceRow(R"(<CODE TYPE="F"/>)")[4], u",");
-}
-
-TEST_F(FieldCatalogue, RowsAreAddedInDocumentOrderBehindThoseThere)
-{
-    FillSourceFields(list_, Table("<B/><!--x--><A/>"));
-    FillSourceFields(list_, Table("<C/>"));
-    ASSERT_EQ(list_.Count(), 3);
-    EXPECT_EQ(list_.TextAt(1, SourceField::Name), u"tgtab001.b");
-    EXPECT_EQ(list_.TextAt(2, SourceField::Name), u"tgtab001.a");
-    EXPECT_EQ(list_.TextAt(3, SourceField::Name), u"tgtab001.c");
-}
-
-TEST_F(FieldCatalogue, AMissingTableAddsNothing)
-{
-    FillSourceFields(list_, {});
-    FillTargetFields(list_, {});
-    FillTargetFields(list_, Table(""));
-    EXPECT_EQ(list_.Count(), 0);
 }
 
 TEST_F(FieldCatalogue, MarkIsForYAlone)
@@ -158,13 +136,6 @@ TEST_F(FieldCatalogue, CasesAreWords)
 TEST_F(FieldCatalogue, NamesOfSeveralIndexesCloseOneBracket)
 {
     EXPECT_EQ(SourceRow("<AMT__2__1/>")[SourceField::Name], u"tgtab001.amt(2(1)");
-}
-
-TEST(FieldLists, ShowTheEnumerationsAsTheirToolTip)
-{
-    const DesignerViews views;
-    EXPECT_EQ(views.lstTargetFields.ToolTipPosition(), TargetField::Enums);
-    EXPECT_EQ(views.lstSourceFields.ToolTipPosition(), SourceField::Enums);
 }
 
 } // namespace

@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-#include "document/control_state.h"
 #include "document/xml_document.h"
+#include "object/control_state.h"
 
 namespace rulemesh {
 

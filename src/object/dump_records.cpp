@@ -1,4 +1,4 @@
-#include "engine/dump_records.h"
+#include "object/dump_records.h"
 
 #include "base/case_map.h"
 #include "base/failure.h"

@@ -1,4 +1,4 @@
-#include "document/field_catalogue.h"
+#include "object/field_catalogue.h"
 
 #include <algorithm>
 #include <array>
@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "base/numbers.h"
-#include "document/document_access.h"
-#include "document/names.h"
+#include "object/document_access.h"
+#include "object/names.h"
 
 namespace rulemesh {
 
@@ -71,8 +71,9 @@ Text CaseWord(TextView StrLetter)
     return u"No";
 }
 
-// Appends the texts that both lists show, from the mark on.
-void AppendFieldTexts(std::vector<Text>& texts, const Text& StrTable, XmlNode field)
+} // namespace
+
+std::vector<Text> FieldTexts(TextView StrTable, XmlNode field, std::size_t emptyInFront)
 {
     constexpr std::array<std::string_view, 8> names = {"MAN",  "FNo",    "DSCA",    "ADJU",
                                                        "CASE", "DOMAIN", "INITVAL", "DOMENUMS"};
@@ -80,6 +81,9 @@ void AppendFieldTexts(std::vector<Text>& texts, const Text& StrTable, XmlNode fi
     const Text StrMark = values[0] == u"Y" ? u"*" : u"";
     Text StrLength = StrMark; // a field of unknown type shows its mark as its length
     Text StrType = DecodeFieldType(field, StrLength);
+    std::vector<Text> texts;
+    texts.reserve(emptyInFront + 11);
+    texts.resize(emptyInFront);
     texts.push_back(StrMark);
     texts.push_back(FieldNumberText(values[1]));
     texts.push_back(QualifiedName(StrTable, field.baseName()));
@@ -90,27 +94,8 @@ void AppendFieldTexts(std::vector<Text>& texts, const Text& StrTable, XmlNode fi
     texts.push_back(CaseWord(values[4]));
     for (std::size_t plain = 5; plain < values.size(); ++plain)
         texts.push_back(std::move(values[plain]));
+    return texts;
 }
-
-void FillFields(ListView& list, XmlNode table, std::size_t emptyInFront)
-{
-    if (!table)
-        return;
-    const Text StrTable = table.baseName();
-    for (XmlNode field = table.firstChild(); field; field = field.nextSibling()) {
-        std::vector<Text> texts;
-        texts.reserve(emptyInFront + 11);
-        texts.resize(emptyInFront);
-        AppendFieldTexts(texts, StrTable, field);
-        list.Add(std::move(texts));
-    }
-}
-
-} // namespace
-
-void FillSourceFields(ListView& list, XmlNode table) { FillFields(list, table, SourceField::Mark); }
-
-void FillTargetFields(ListView& list, XmlNode table) { FillFields(list, table, TargetField::Mark); }
 
 Text DecodeFieldType(XmlNode field, Text& StrLength)
 {

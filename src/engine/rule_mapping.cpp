@@ -1,11 +1,15 @@
+#include "engine/rule_mapping.h"
+
 #include <limits>
+#include <utility>
+#include <vector>
 
 #include "base/failure.h"
 #include "base/numbers.h"
-#include "document/field_catalogue.h"
-#include "document/names.h"
-#include "engine/mapping.h"
-#include "engine/module1.h"
+#include "engine/convert_for_target.h"
+#include "engine/guess.h"
+#include "object/field_catalogue.h"
+#include "object/names.h"
 
 namespace rulemesh {
 
@@ -13,7 +17,7 @@ bool IsBlankRule(TextView StrRule) { return TrimBlanks(StrRule).find_first_not_o
 
 void RuleMapping::SetRuleIfEmpty(TextView StrField, const Text& StrRule)
 {
-    const std::int16_t row = ToInt16(std::int64_t{store_.GetFieldNumber(StrField)} - 1);
+    const std::int16_t row = ToInt16(std::int64_t{lookup_.GetFieldNumber(StrField)} - 1);
     if (row >= 0 && IsBlankRule(views_.RulesGrid.TextMatrix(row, 1)))
         views_.RulesGrid.TextMatrix(row, 1, StrRule);
 }
@@ -52,6 +56,32 @@ Text RuleMapping::RuleFromTickedFields(TextView StrTargetType) const
                                     StrTargetType);
     }
     return StrRule;
+}
+
+void RuleMapping::CmdGuess_Click()
+{
+    const ListView& sources = views_.lstSourceFields;
+    const ListView& targets = views_.lstTargetFields;
+    if (sources.Count() == 0 || targets.Count() == 0)
+        return; // and nothing is saved
+
+    std::vector<GuessField> fields;
+    fields.reserve(static_cast<std::size_t>(sources.Count()));
+    for (int row = 1; row <= sources.Count(); ++row) {
+        const ListView::Row& source = sources.At(row);
+        fields.push_back({source.TextAt(SourceField::Name), source.TextAt(SourceField::Type),
+                          source.TextAt(SourceField::Length), source.TextAt(SourceField::Domain),
+                          source.TextAt(SourceField::Enums)});
+    }
+    const Guess guess(std::move(fields));
+    for (int row = 1; row <= targets.Count(); ++row) {
+        const ListView::Row& target = targets.At(row);
+        const TextView StrName = target.TextAt(TargetField::Name);
+        SetRuleIfEmpty(FieldPart(StrName),
+                       guess.RuleFor({StrName, target.TextAt(TargetField::Type), target.TextAt(TargetField::Length),
+                                      target.TextAt(TargetField::Domain), target.TextAt(TargetField::Enums)}));
+    }
+    shownDump_.SaveDumpRules(views_.CmbDump.Tag());
 }
 
 } // namespace rulemesh

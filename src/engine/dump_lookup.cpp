@@ -1,13 +1,13 @@
-#include "engine/dump_store.h"
+#include "engine/dump_lookup.h"
 
 #include "base/case_map.h"
 #include "base/failure.h"
 #include "base/numbers.h"
-#include "document/names.h"
+#include "object/names.h"
 
 namespace rulemesh {
 
-XmlNode DumpStore::GetTargetTableNode(std::int16_t IntDump)
+XmlNode DumpLookup::GetTargetTableNode(std::int16_t IntDump)
 {
     if (!state_.BoolMultiTarget || IntDump != 0)
         return TableOfDump(IntDump);
@@ -15,7 +15,7 @@ XmlNode DumpStore::GetTargetTableNode(std::int16_t IntDump)
     return TableOfDump(StrTag.empty() ? state_.IntDumpNumbers.front() : ToInt16(StrTag));
 }
 
-std::int16_t DumpStore::GetFieldNumber(TextView StrField)
+std::int16_t DumpLookup::GetFieldNumber(TextView StrField)
 {
     const XmlNode table = GetTargetTableNode(0);
     const Text StrName = ToUpper(FieldNodeName(StrField));
@@ -30,7 +30,7 @@ std::int16_t DumpStore::GetFieldNumber(TextView StrField)
     return IsNumeric(StrNumber) ? ToInt16(StrNumber) : std::int16_t{0};
 }
 
-bool DumpStore::DumpHasRules() const
+bool DumpLookup::DumpHasRules() const
 {
     const std::int16_t IntDump = ToInt16(std::int64_t{views_.CmbDump.ItemData()});
     const XmlNode dump = RequireDump(document_.GetDumpNode(IntDump), IntDump);

@@ -1,4 +1,4 @@
-#include "document/names.h"
+#include "object/names.h"
 
 #include "base/case_map.h"
 

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <vector>
+
 #include "base/text.h"
 #include "document/xml_document.h"
-#include "views/list_view.h"
 
 namespace rulemesh {
 
@@ -28,9 +29,8 @@ inline constexpr int Domain = 8;
 inline constexpr int Enums = 10;
 } // namespace SourceField
 
-/// Appends one row for each field of a table of the catalogue; nothing for the null handle. The list is not cleared.
-void FillSourceFields(ListView& list, XmlNode table);
-void FillTargetFields(ListView& list, XmlNode table);
+/// The texts of a field of the catalogue, from its mark on, behind as many empty ones as are asked for.
+[[nodiscard]] std::vector<Text> FieldTexts(TextView StrTable, XmlNode field, std::size_t emptyInFront);
 
 /// The word for a field's type, with its length in StrLength; an unknown type gives "" and leaves StrLength as it is.
 [[nodiscard]] Text DecodeFieldType(XmlNode field, Text& StrLength);

@@ -4,7 +4,7 @@
 #include <functional>
 #include <vector>
 
-#include "document/document_access.h"
+#include "object/document_access.h"
 
 namespace rulemesh {
 

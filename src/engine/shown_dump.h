@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "engine/dump_store.h"
+#include "engine/dump_lookup.h"
 #include "platform/platform.h"
 
 namespace rulemesh {
@@ -10,10 +10,11 @@ namespace rulemesh {
 /// Moves the rules of one dump between the document and the rule column of RulesGrid, and keeps the lists, labels and
 /// combos in step with the dump that is shown. Its number stands in the tag of CmbDump and says where the grid's text
 /// belongs; a change of dump saves the old one first.
-class DumpView {
+class ShownDump {
 public:
-    DumpView(DocumentAccess& document, ControlState& state, DesignerViews& views, Platform& platform, DumpStore& store)
-        : document_(document), state_(state), views_(views), platform_(platform), store_(store)
+    ShownDump(DocumentAccess& document, ControlState& state, DesignerViews& views, Platform& platform,
+              DumpLookup& lookup)
+        : document_(document), state_(state), views_(views), platform_(platform), lookup_(lookup)
     {
     }
 
@@ -59,7 +60,7 @@ private:
     ControlState& state_;
     DesignerViews& views_;
     Platform& platform_;
-    DumpStore& store_;
+    DumpLookup& lookup_;
 };
 
 } // namespace rulemesh

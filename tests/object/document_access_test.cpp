@@ -1,4 +1,4 @@
-#include "document/document_access.h"
+#include "object/document_access.h"
 
 #include <string>
 #include <vector>

@@ -1,10 +1,11 @@
-#include "engine/dump_view.h"
+#include "engine/shown_dump.h"
 
 #include "base/case_map.h"
 #include "base/failure.h"
 #include "base/numbers.h"
-#include "document/field_catalogue.h"
-#include "document/names.h"
+#include "engine/field_rows.h"
+#include "object/field_catalogue.h"
+#include "object/names.h"
 
 namespace rulemesh {
 
@@ -24,21 +25,21 @@ RuleTexts RulesOf(const Grid& grid)
 
 } // namespace
 
-void DumpView::RefreshTargetList()
+void ShownDump::RefreshTargetList()
 {
-    const XmlNode table = store_.GetTargetTableNode(0);
+    const XmlNode table = lookup_.GetTargetTableNode(0);
     views_.lstTargetFields.Clear();
     FillTargetFields(views_.lstTargetFields, table);
 }
 
-void DumpView::ShowDump(std::int16_t IntDump)
+void ShownDump::ShowDump(std::int16_t IntDump)
 {
     ShowSourceFields();
     if (state_.BoolMultiTarget) {
         RefreshTargetFields();
     } else {
         if (views_.RulesGrid.Rows() < 2) {
-            const XmlNode table = store_.GetTargetTableNode(0);
+            const XmlNode table = lookup_.GetTargetTableNode(0);
             if (!table) {
                 views_.CmbDump.Tag(TwoDigitNumber(IntDump));
                 return;
@@ -50,7 +51,7 @@ void DumpView::ShowDump(std::int16_t IntDump)
     views_.CmbDump.Tag(PlainNumber(IntDump));
 }
 
-void DumpView::ShowSourceFields()
+void ShownDump::ShowSourceFields()
 {
     views_.lstSourceFields.Clear();
     for (int row = 1; row <= views_.lstSourceTables.Count(); ++row) {
@@ -61,9 +62,9 @@ void DumpView::ShowSourceFields()
     }
 }
 
-void DumpView::BuildRuleRows(const Text& StrTable)
+void ShownDump::BuildRuleRows(const Text& StrTable)
 {
-    const XmlNode table = store_.CatalogueTable(StrTable);
+    const XmlNode table = lookup_.CatalogueTable(StrTable);
     if (!table)
         return;
     views_.RulesGrid.ClearRows();
@@ -72,7 +73,7 @@ void DumpView::BuildRuleRows(const Text& StrTable)
         views_.RulesGrid.AddItem({QualifiedName(table.baseName(), field.baseName()), Text(UntouchedRule)});
 }
 
-void DumpView::LoadDumpRules(std::int16_t IntDump)
+void ShownDump::LoadDumpRules(std::int16_t IntDump)
 {
     Grid& grid = views_.RulesGrid;
     if (IntDump == 0) {
@@ -82,7 +83,7 @@ void DumpView::LoadDumpRules(std::int16_t IntDump)
             ShowSelectedDumpInCaption();
         return;
     }
-    const XmlNode table = store_.GetTargetTableNode(0);
+    const XmlNode table = lookup_.GetTargetTableNode(0);
     ShowDumpTarget(PlainNumber(IntDump));
     if (!table) {
         views_.CmbDump.Tag(TwoDigitNumber(IntDump));
@@ -100,30 +101,30 @@ void DumpView::LoadDumpRules(std::int16_t IntDump)
     ShowSelectedDumpInCaption();
 }
 
-void DumpView::ShowSelectedDumpInCaption()
+void ShownDump::ShowSelectedDumpInCaption()
 {
     const Text StrComment = CommentOf(LeadingNumber(views_.CmbDump.Text()));
     views_.Details.Caption(u"F&ields of Dump: " + PrintedNumber(SelectedDump()) + u":" + StrComment);
     views_.CmbDump.ToolTip(StrComment);
 }
 
-Text DumpView::CommentOf(std::int16_t IntDump) const
+Text ShownDump::CommentOf(std::int16_t IntDump) const
 {
     const auto comment = state_.DumpComments.find(IntDump);
     return comment == state_.DumpComments.end() ? Text() : comment->second;
 }
 
-void DumpView::SaveDumpRules(const Text& StrDump)
+void ShownDump::SaveDumpRules(const Text& StrDump)
 {
     if (StrDump.empty() || StrDump == u"0")
         return;
-    const XmlNode dump = store_.DumpToFill(ToInt16(StrDump), [this] { return AskForTargetTable(); });
-    if (const XmlNode table = store_.GetTargetTableNode(0))
-        store_.SaveRules(dump, table, RulesOf(views_.RulesGrid));
+    const XmlNode dump = lookup_.DumpToFill(ToInt16(StrDump), [this] { return AskForTargetTable(); });
+    if (const XmlNode table = lookup_.GetTargetTableNode(0))
+        lookup_.SaveRules(dump, table, RulesOf(views_.RulesGrid));
 }
 
 // The message does not stop the save: the dump keeps an empty table until somebody chooses one.
-Text DumpView::AskForTargetTable()
+Text ShownDump::AskForTargetTable()
 {
     if (views_.CmbTargetTable.Text().empty()) {
         platform_.ShowMessage(
@@ -134,11 +135,11 @@ Text DumpView::AskForTargetTable()
     return views_.CmbTargetTable.Text();
 }
 
-void DumpView::RefreshTargetFields()
+void ShownDump::RefreshTargetFields()
 {
     if (!state_.BoolMultiTarget)
         return;
-    const XmlNode table = store_.GetTargetTableNode(0);
+    const XmlNode table = lookup_.GetTargetTableNode(0);
     views_.lstTargetFields.Clear();
     if (!table)
         return;
@@ -156,12 +157,12 @@ void DumpView::RefreshTargetFields()
     }
 }
 
-void DumpView::ShowDumpTarget(const Text& StrDump)
+void ShownDump::ShowDumpTarget(const Text& StrDump)
 {
-    const Text StrTable = store_.GetDumpTargetTable(ToInt16(views_.CmbDump.Tag()));
+    const Text StrTable = lookup_.GetDumpTargetTable(ToInt16(views_.CmbDump.Tag()));
     if (StrTable.empty())
         return;
-    const Text StrDescription = store_.GetDumpTargetDescription(ToInt16(StrDump));
+    const Text StrDescription = lookup_.GetDumpTargetDescription(ToInt16(StrDump));
     views_.LBLTargetTableName.Caption(StrTable);
     views_.lblTargetTableDescription.Caption(StrDescription);
     const std::vector<ComboBox::Entry>& entries = views_.CmbTargetTable.Entries();
@@ -171,7 +172,7 @@ void DumpView::ShowDumpTarget(const Text& StrDump)
     }
 }
 
-void DumpView::LeaveShownDump(Labels labels)
+void ShownDump::LeaveShownDump(Labels labels)
 {
     if (views_.CmbDump.Tag().empty())
         return;
@@ -179,29 +180,29 @@ void DumpView::LeaveShownDump(Labels labels)
     if (!views_.lblTargetTable.Visible())
         return;
     const std::int16_t IntDump = SelectedDump();
-    views_.LBLTargetTableName.Caption(store_.GetDumpTargetTable(IntDump));
+    views_.LBLTargetTableName.Caption(lookup_.GetDumpTargetTable(IntDump));
     if (labels == Labels::TableAndDescription)
-        views_.lblTargetTableDescription.Caption(store_.GetDumpTargetDescription(IntDump));
+        views_.lblTargetTableDescription.Caption(lookup_.GetDumpTargetDescription(IntDump));
 }
 
-void DumpView::CmbDump_Click()
+void ShownDump::CmbDump_Click()
 {
     LeaveShownDump(Labels::TableAndDescription);
     views_.CmbDump.Tag(PlainNumber(SelectedDump()));
     views_.lstTargetFields.SetFocus(); // CmbDump loses the focus by this, and that loads the dump
 }
 
-void DumpView::Command1_Click()
+void ShownDump::Command1_Click()
 {
     LeaveShownDump(Labels::Table);
     views_.CmbDump.Tag(PlainNumber(SelectedDump()));
 }
 
-std::int16_t DumpView::SelectedDump() const { return ToInt16(std::int64_t{views_.CmbDump.ItemData()}); }
+std::int16_t ShownDump::SelectedDump() const { return ToInt16(std::int64_t{views_.CmbDump.ItemData()}); }
 
-bool DumpView::CaptionHasDump() const { return views_.Details.Caption().find(u':') != Text::npos; }
+bool ShownDump::CaptionHasDump() const { return views_.Details.Caption().find(u':') != Text::npos; }
 
-std::int16_t DumpView::DumpInCaption() const
+std::int16_t ShownDump::DumpInCaption() const
 {
     if (!CaptionHasDump())
         throw Failure(FailureCode::SubscriptOutOfRange,
@@ -209,7 +210,7 @@ std::int16_t DumpView::DumpInCaption() const
     return ToInt16(TrimBlanks(Split(views_.Details.Caption(), u':')[1]));
 }
 
-void DumpView::CmbDump_LostFocus()
+void ShownDump::CmbDump_LostFocus()
 {
     if (!CaptionHasDump() || !views_.CmbDump.HasSelection())
         return;
