@@ -59,15 +59,15 @@ int RunApplication(int& argc, char** argv, const std::optional<QString>& file)
     MainWindow window(settings, drafts);
     EndSignals endSignals;
     QObject::connect(&endSignals, &EndSignals::Came, &window, [&](int signal) {
-        window.KeepDraft();
+        window.Current().KeepDraft();
         EndSignals::End(signal);
     });
     window.show();
     QTimer::singleShot(0, &window, [&] {
         if (!file)
-            return window.OfferDrafts();
-        window.OpenFile(*file);
-        window.MentionDrafts();
+            return window.Drafts().Offer();
+        window.Current().Open(*file);
+        window.Drafts().Mention();
     });
     return QApplication::exec();
 }

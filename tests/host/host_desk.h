@@ -98,7 +98,7 @@ protected:
 
     [[nodiscard]] QString File(const char* name) const { return QString::fromStdString((folder / name).native()); }
     [[nodiscard]] std::string OnDisk(const char* name = "object.xml") const { return Contents(folder / name); }
-    [[nodiscard]] RulemeshWidget& Designer() { return window->Object()->Widget(); }
+    [[nodiscard]] RulemeshWidget& Designer() { return window->Current().Object()->Widget(); }
     [[nodiscard]] DesignerViews& Views() { return Designer().Control().Views(); }
     [[nodiscard]] QAction* Action(const QString& caption)
     {

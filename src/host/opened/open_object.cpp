@@ -4,6 +4,8 @@
 
 #include "desktop/rulemesh_widget.h"
 #include "desktop/view_surface.h"
+#include "host/builders/builders.h"
+#include "host/builders/function_button.h"
 #include "host/files/application_files.h"
 #include "host/settings/settings.h"
 
@@ -36,6 +38,8 @@ OpenObject::OpenObject(const ObjectText& text, Access access, Origin origin, con
     systemScriptFont_ = widget_->Surface().WidgetOf(widget_->Control().Views().txtPreCondition).font();
 
     Show(text, settings);
+    builders_ = std::make_unique<Builders>(*widget_);
+    functionButton_ = std::make_unique<FunctionButton>(*widget_);
     if (origin == Origin::File)
         NoteSaved();
     seemsChanged_ = origin == Origin::Unsaved;
@@ -45,7 +49,13 @@ OpenObject::OpenObject(const ObjectText& text, Access access, Origin origin, con
     });
 }
 
-OpenObject::~OpenObject() { delete widget_; }
+OpenObject::~OpenObject()
+{
+    functionButton_.reset();
+    builders_.reset();
+    gate_.reset();
+    delete widget_;
+}
 
 void OpenObject::Show(const ObjectText& text, const Settings& settings)
 {

@@ -15,6 +15,8 @@ class QWidget;
 
 namespace rulemesh {
 
+class Builders;
+class FunctionButton;
 class RulemeshWidget;
 class Settings;
 
@@ -24,7 +26,8 @@ enum class Access { Edit, ReadOnly };
 /// What an object is when it comes on the screen: as its file holds it, or something that no file holds yet.
 enum class Origin { File, Unsaved };
 
-/// One designer with the object that it was made for, from New, Open or recovery on until the next one.
+/// One designer with the object that it was made for and the answers to its builder events, from New, Open or recovery
+/// on until the next one.
 class OpenObject : public QObject {
     Q_OBJECT
 
@@ -79,6 +82,8 @@ private:
     QByteArray lead_;
     Access access_;
     RulemeshWidget* widget_; // a child of the window
+    std::unique_ptr<Builders> builders_;
+    std::unique_ptr<FunctionButton> functionButton_;
     std::unique_ptr<RulesGate> gate_;
     QTimer pause_;
     QFont systemScriptFont_;

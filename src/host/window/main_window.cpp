@@ -10,11 +10,7 @@
 #include <QStatusBar>
 
 #include "desktop/rulemesh_widget.h"
-#include "host/builders/builders.h"
-#include "host/builders/function_button.h"
-#include "host/drafts/draft_keeper.h"
 #include "host/reading/failure_advice.h"
-#include "host/reading/field_numbers.h"
 #include "host/settings/settings.h"
 #include "host/window/host_boxes.h"
 #include "host/window/start_page.h"
@@ -25,6 +21,7 @@ namespace {
 
 // Map, Edit Rule and Comment stay in sight down to this width, in pixels.
 constexpr int SmallestWidth = 750;
+constexpr int NoticeMilliseconds = 6000;
 
 // The file that is being dragged over the window; "" for anything else.
 QString DraggedFile(const QDropEvent& event)
@@ -36,7 +33,10 @@ QString DraggedFile(const QDropEvent& event)
 } // namespace
 
 MainWindow::MainWindow(Settings& settings, DraftStore& drafts, DraftTimes draftTimes)
-    : settings_(settings), drafts_(drafts), draftTimes_(draftTimes), hintLabel_(new QLabel), targetLabel_(new QLabel)
+    : settings_(settings), current_(settings, drafts, draftTimes, *this), drafts_(current_, drafts, *this),
+      import_(current_, settings, *this), designerSettings_(settings, current_, *this),
+      menus_(*this, {current_, drafts_, import_, designerSettings_}, settings), hintLabel_(new QLabel),
+      targetLabel_(new QLabel)
 {
     setAcceptDrops(true);
     hintLabel_->setTextFormat(Qt::PlainText);
@@ -44,58 +44,50 @@ MainWindow::MainWindow(Settings& settings, DraftStore& drafts, DraftTimes draftT
     statusBar()->addWidget(hintLabel_, 1);
     statusBar()->addPermanentWidget(targetLabel_);
     setMinimumWidth(SmallestWidth);
-    MakeActions();
-    ShowStartPage();
-    connect(qApp, &QGuiApplication::commitDataRequest, this, &MainWindow::KeepDraft, Qt::DirectConnection);
+    connect(&current_, &CurrentObject::Replaced, this, &MainWindow::ShowWhatIsOpen);
+    connect(&current_, &CurrentObject::StateChanged, this, &MainWindow::ShowState);
+    connect(&current_, &CurrentObject::Opened, &drafts_, &DraftOffers::OfferFor);
+    connect(&current_, &CurrentObject::FailureRaised, this, &MainWindow::TellFailure);
+    connect(&current_, &CurrentObject::Noticed, this, &MainWindow::Notice);
+    connect(&current_, &CurrentObject::Warned, this, &MainWindow::Warn);
+    connect(&drafts_, &DraftOffers::Noticed, this, &MainWindow::Notice);
+    connect(&drafts_, &DraftOffers::Warned, this, &MainWindow::Warn);
+    connect(qApp, &QGuiApplication::commitDataRequest, &current_, &CurrentObject::KeepDraft, Qt::DirectConnection);
+    ShowWhatIsOpen();
     if (!restoreGeometry(settings_.Geometry()))
         resize(960, 620);
 }
 
-MainWindow::~MainWindow() { CloseObject(); }
+MainWindow::~MainWindow() = default;
 
-void MainWindow::CloseObject()
+void MainWindow::ShowWhatIsOpen()
 {
-    keeper_.reset();
-    functionButton_.reset();
-    builders_.reset();
-    object_.reset(); // not taken out of the window before, which would go on naming it as its focus
+    if (OpenObject* object = current_.Object())
+        ShowDesigner(*object);
+    else
+        ShowStartPage();
+    ShowState();
 }
 
 void MainWindow::ShowStartPage()
 {
-    CloseObject();
-    path_.clear();
     const RecentFiles recent = settings_.Recent();
     auto* page = new StartPage(recent.Paths(), recent.Captions(), this);
-    connect(page, &StartPage::NewWanted, this, &MainWindow::AskForNew, Qt::QueuedConnection);
-    connect(page, &StartPage::OpenWanted, this, &MainWindow::AskForFile, Qt::QueuedConnection);
+    connect(page, &StartPage::NewWanted, &current_, &CurrentObject::AskForNew, Qt::QueuedConnection);
+    connect(page, &StartPage::OpenWanted, &current_, &CurrentObject::AskForFile, Qt::QueuedConnection);
     connect(
-        page, &StartPage::FileWanted, this, [this](const QString& path) { OpenFile(path); }, Qt::QueuedConnection);
+        page, &StartPage::FileWanted, &current_, [this](const QString& path) { current_.Open(path); },
+        Qt::QueuedConnection);
     setCentralWidget(page);
-    UpdateActions();
 }
 
-void MainWindow::Show(Opening opening)
+void MainWindow::ShowDesigner(OpenObject& object)
 {
-    CloseObject();
-    path_ = opening.Path;
-    stamp_ = StampOf(path_);
-    object_ = std::make_unique<OpenObject>(opening.Text, opening.Mode, opening.From, settings_, *this);
-    RulemeshWidget& designer = object_->Widget();
-    builders_ = std::make_unique<Builders>(designer);
-    functionButton_ = std::make_unique<FunctionButton>(designer);
-    keeper_ = std::make_unique<DraftKeeper>(*object_, drafts_, path_, draftTimes_, std::move(opening.Handle));
-    connect(object_.get(), &OpenObject::StateChanged, this, &MainWindow::UpdateActions);
-    connect(object_.get(), &OpenObject::FailureRaised, this, &MainWindow::TellFailure);
-    connect(&designer, &RulemeshWidget::HistoryChanged, this, &MainWindow::UpdateHistory);
-    connect(keeper_.get(), &DraftKeeper::Failed, this, [this](const QString& text) {
-        statusBar()->showMessage(QStringLiteral("No draft is being kept. ") + text);
-    });
+    RulemeshWidget& designer = object.Widget();
     TakeDropsFrom(designer);
     designer.setMinimumHeight(designer.sizeHint().height()); // below it the buttons of a panel go out of sight
     setCentralWidget(&designer);
     designer.Setfocus();
-    UpdateActions();
 }
 
 // A designer's text box would take a file for its name.
@@ -139,16 +131,16 @@ void MainWindow::DropFile(const QString& path)
         this,
         [this, path, isCsv] {
             if (isCsv)
-                ImportCatalogue(path);
+                import_.Import(path);
             else
-                OpenFile(path);
+                current_.Open(path);
         },
         Qt::QueuedConnection);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    if (QApplication::activeModalWidget() != nullptr || !MayLetGo()) {
+    if (QApplication::activeModalWidget() != nullptr || !current_.MayLetGo()) {
         event->ignore();
         return;
     }
@@ -156,32 +148,32 @@ void MainWindow::closeEvent(QCloseEvent* event)
     event->accept();
 }
 
-bool MainWindow::MayEdit() const { return object_ && object_->AccessMode() == Access::Edit; }
-
-// An object with faulty numbers would lose rules by being shown and saved.
-bool MainWindow::AskForReadOnly(const QString& name, const ObjectText& text, Access& access)
+void MainWindow::ShowState()
 {
-    QStringList faults = FaultyFieldNumbers(text.Object.toStdString());
-    if (faults.isEmpty())
-        return true;
-    faults.prepend(
-        QStringLiteral("By these numbers rules would be shown at other fields, and be lost at a save. In the "
-                       "file, give each field as No the number of its place: 1, 2, 3 and so on. Until then "
-                       "the object can be looked at, but not saved."));
-    access = Access::ReadOnly;
-    return AskToGoOn(this, QStringLiteral("%1 has target tables with wrong numbers of fields.").arg(name),
-                     faults.join(u'\n'), QStringLiteral("Open &Read-only"));
+    OpenObject* object = current_.Object();
+    hintLabel_->setText(object != nullptr ? object->RulesHint() : QString());
+    hintLabel_->setToolTip(hintLabel_->text());
+    targetLabel_->setText(object != nullptr ? QStringLiteral("Target table %1").arg(object->Widget().TargetTable())
+                                            : QStringLiteral(" "));
+    ShowTitle();
 }
 
-// The designer blocks a save while a panel is open, as the panel's text is in no document yet.
-void MainWindow::TellOpenPanel(const QString& what)
+void MainWindow::ShowTitle()
 {
-    const bool functions = object_->Widget().Control().Views().txtFunctions.Visible();
-    TellProblem(this, what,
-                QStringLiteral("The panel of the %1 is open. Press its OK, which keeps its text, or its Cancel, which "
-                               "drops it, and then try again.")
-                    .arg(functions ? QStringLiteral("functions") : QStringLiteral("variables and includes")));
+    OpenObject* object = current_.Object();
+    setWindowModified(false); // before a title without a place for the mark
+    if (object == nullptr)
+        return setWindowTitle(QStringLiteral("Rulemesh"));
+    const QString name = current_.Path().isEmpty() ? QStringLiteral("New object") : current_.ShownName();
+    const bool readOnly = object->AccessMode() == Access::ReadOnly;
+    setWindowTitle(
+        QStringLiteral("%1[*]%2 - Rulemesh").arg(name, readOnly ? QStringLiteral(" (read-only)") : QString()));
+    setWindowModified(object->SeemsChanged());
 }
+
+void MainWindow::Notice(const QString& text) { statusBar()->showMessage(text, NoticeMilliseconds); }
+
+void MainWindow::Warn(const QString& text) { statusBar()->showMessage(text); }
 
 // One box for a failure, however many follow from it while the box is open.
 void MainWindow::TellFailure(int number, const QString& text)
@@ -189,7 +181,8 @@ void MainWindow::TellFailure(int number, const QString& text)
     if (tellingFailure_)
         return;
     const QScopedValueRollback<bool> guard(tellingFailure_, true);
-    QStringList told = object_ ? FailureAdvice(object_->Widget().Control(), number) : QStringList();
+    QStringList told =
+        current_.Object() != nullptr ? FailureAdvice(current_.Object()->Widget().Control(), number) : QStringList();
     told += QStringLiteral("What was done before it stays done, and nothing that you saved is lost.");
     TellProblem(this, QStringLiteral("This could not be done: %1 (failure %2).").arg(text).arg(number),
                 told.join(u'\n'));

@@ -22,7 +22,7 @@ namespace {
 
 class BuildersTest : public HostDesk {
 protected:
-    BuildersTest() { window->OpenFile(File("object.xml")); }
+    BuildersTest() { window->Current().Open(File("object.xml")); }
 
     // The user clicks a button of the designer; a builder comes up, and `fills` does what the user does in it.
     template <typename Builder>
@@ -65,7 +65,7 @@ TEST_F(BuildersTest, ChangeNothingWhenTheyAreCancelled)
         [](SourceTablesBuilder& builder) { builder.List().topLevelItem(1)->setCheckState(0, Qt::Checked); }, false));
     EXPECT_EQ(Designer().SourceTables(), QStringLiteral("custs001"));
     ASSERT_TRUE(UseBuilder<ScriptBuilder>(Views().CmdBuildPre, [](ScriptBuilder&) {}));
-    EXPECT_FALSE(window->Object()->HasChanges());
+    EXPECT_FALSE(window->Current().Object()->HasChanges());
 }
 
 TEST_F(BuildersTest, PutAMigrateStatementIntoThePrecondition)
@@ -104,7 +104,7 @@ TEST_F(BuildersTest, PutARuleIntoTheCurrentCell)
         emit builder.Tables().Chosen(builder.Tables().Picked());
     }));
     EXPECT_EQ(Views().RulesGrid.TextMatrix(1, 1), u"upper(custs001.name)");
-    EXPECT_TRUE(window->Save());
+    EXPECT_TRUE(window->Current().Save());
     EXPECT_NE(OnDisk().find("<NAME TEXT=\"\" TYPE=\"0\">upper(custs001.name)</NAME>"), std::string::npos);
 }
 

@@ -20,9 +20,9 @@ TEST_F(NewObjectDialogTest, MakesAnObjectFromTheCatalogueOfAnother)
     EXPECT_FALSE(dialog.Several().isEnabled()); // there is but one
     dialog.accept();
     EXPECT_EQ(dialog.result(), QDialog::Accepted);
-    window->OpenUnsaved({{}, dialog.Object()});
+    window->Current().OpenUnsaved({{}, dialog.Object()});
     EXPECT_EQ(Designer().TargetTable(), QStringLiteral("partn101"));
-    EXPECT_TRUE(window->SaveTo(File("new.xml")));
+    EXPECT_TRUE(window->Current().SaveTo(File("new.xml")));
     EXPECT_NE(OnDisk("new.xml").find("<ORDRS001>"), std::string::npos);
 }
 

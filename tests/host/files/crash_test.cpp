@@ -100,14 +100,14 @@ TEST_F(CrashTest, WithUnsavedEditsLosesNothingAndOffersThemAtTheNextStart)
     EXPECT_EQ(OnDisk(), Lead + SmallObject);
 
     ModalAnswer recover(Choose(QStringLiteral("&Recover")));
-    window->OfferDrafts();
+    window->Drafts().Offer();
     ASSERT_TRUE(recover.WasAsked());
-    EXPECT_EQ(window->Path(), File("object.xml"));
-    EXPECT_TRUE(window->Object()->HasChanges());
+    EXPECT_EQ(window->Current().Path(), File("object.xml"));
+    EXPECT_TRUE(window->Current().Object()->HasChanges());
     Views().MainTab.UserClicksTab(1);
     EXPECT_EQ(Views().RulesGrid.TextMatrix(1, 1), u"typed before the end");
 
-    EXPECT_TRUE(window->Save());
+    EXPECT_TRUE(window->Current().Save());
     EXPECT_EQ(OnDisk().substr(0, Lead.size()), Lead);
     EXPECT_NE(OnDisk().find(">typed before the end</NAME>"), std::string::npos);
     window.reset();
@@ -121,9 +121,9 @@ TEST_F(CrashTest, OffersTheDraftOfAFileWhenItIsOpened)
     victim.Kill();
 
     ModalAnswer discard(Choose(QStringLiteral("&Discard")));
-    window->OpenFile(File("object.xml"));
+    window->Current().Open(File("object.xml"));
     EXPECT_TRUE(discard.WasAsked());
-    EXPECT_FALSE(window->Object()->HasChanges());
+    EXPECT_FALSE(window->Current().Object()->HasChanges());
     EXPECT_TRUE(drafts.Orphans().empty());
 }
 
@@ -156,7 +156,7 @@ TEST_F(CrashTest, InTheMiddleOfASaveLeavesNothingForLongBesideTheFile)
             Put(folder / "object.xml", SmallObject);
     }
     EXPECT_TRUE(wasLeft);
-    window->OpenFile(File("object.xml"));
+    window->Current().Open(File("object.xml"));
     EXPECT_TRUE(QDir(Folder()).entryList({left}).isEmpty());
     EXPECT_GT(OnDisk().size(), LargeText);
 }
@@ -176,7 +176,8 @@ TEST_F(CrashTest, InTheMiddleOfASaveOfAFileOfTwoNamesCostsNoText)
         if (!copy.isEmpty())
             WriteFileAtOnce(File("other.xml"), ReadPlainFile(copy));
         const std::string left = OnDisk("other.xml");
-        EXPECT_TRUE(left == a || left == b) << "round " << round << ": " << left.size() << " bytes";
+        EXPECT_TRUE(left == a || left == b || left == SmallObject)
+            << "round " << round << ": " << left.size() << " bytes";
     }
 }
 
@@ -186,7 +187,7 @@ TEST_F(CrashTest, OffersTheTextBeforeASaveInPlaceThatWasCutShort)
     Put(folder / "object.xml.rulemesh-999999999-1.old", Lead + SmallObject);
     {
         ModalAnswer cancel(Press(QMessageBox::Cancel));
-        window->OpenFile(File("object.xml"));
+        window->Current().Open(File("object.xml"));
         EXPECT_TRUE(cancel.WasAsked());
         EXPECT_EQ(Views().txtPreCondition.Text(), u"of two texts");
     }
@@ -196,9 +197,9 @@ TEST_F(CrashTest, OffersTheTextBeforeASaveInPlaceThatWasCutShort)
                 button->click();
         }
     });
-    window->OpenFile(File("object.xml"));
+    window->Current().Open(File("object.xml"));
     EXPECT_TRUE(putBack.WasAsked());
-    EXPECT_NE(window->Object(), nullptr);
+    EXPECT_NE(window->Current().Object(), nullptr);
     EXPECT_EQ(OnDisk(), Lead + SmallObject);
     EXPECT_EQ(QDir(Folder()).entryList({QStringLiteral("object.xml*")}).size(), 1);
 }
@@ -210,9 +211,9 @@ TEST_F(CrashTest, KeepsADraftForLater)
     victim.Kill();
 
     ModalAnswer later(Choose(QStringLiteral("&Later")));
-    window->OfferDrafts();
+    window->Drafts().Offer();
     EXPECT_TRUE(later.WasAsked());
-    EXPECT_EQ(window->Object(), nullptr);
+    EXPECT_EQ(window->Current().Object(), nullptr);
     EXPECT_EQ(drafts.Orphans().size(), 1u);
 }
 

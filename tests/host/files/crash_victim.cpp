@@ -42,8 +42,8 @@ int EditAndWait(const QString& folder)
     DraftStore drafts(folder + QStringLiteral("/drafts"));
     MainWindow window(settings, drafts, DraftTimes{20, 20});
     window.show();
-    window.OpenFile(folder + QStringLiteral("/object.xml"));
-    Type(window.Object()->Widget());
+    window.Current().Open(folder + QStringLiteral("/object.xml"));
+    Type(window.Current().Object()->Widget());
     return QApplication::exec();
 }
 
@@ -51,7 +51,7 @@ MainWindow* OpenWindow()
 {
     for (QWidget* widget : QApplication::topLevelWidgets()) {
         auto* window = dynamic_cast<MainWindow*>(widget);
-        if (window != nullptr && window->Object() != nullptr)
+        if (window != nullptr && window->Current().Object() != nullptr)
             return window;
     }
     return nullptr;
@@ -67,10 +67,10 @@ void WorkInTheApplication(const QString& folder)
             return;
         QFile typed(folder + QStringLiteral("/typed"));
         if (!typed.exists()) {
-            Type(window->Object()->Widget());
+            Type(window->Current().Object()->Widget());
             (void)typed.open(QIODevice::WriteOnly);
         }
-        window->Object()->Widget().Surface().Act([] {});
+        window->Current().Object()->Widget().Surface().Act([] {});
     });
     clock->start(50);
 }

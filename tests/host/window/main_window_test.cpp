@@ -27,27 +27,27 @@ std::string With(std::string text, const std::string& old, const std::string& re
 
 TEST_F(MainWindowTest, ShowsAnObjectThatWasOpenedWithoutChanges)
 {
-    window->OpenFile(File("object.xml"));
-    ASSERT_NE(window->Object(), nullptr);
+    window->Current().Open(File("object.xml"));
+    ASSERT_NE(window->Current().Object(), nullptr);
     EXPECT_EQ(Views().txtPreCondition.Text(), u"migrate custs001 | customers");
-    EXPECT_FALSE(window->Object()->HasChanges());
+    EXPECT_FALSE(window->Current().Object()->HasChanges());
     EXPECT_TRUE(window->windowTitle().contains(QStringLiteral("object.xml")));
     EXPECT_TRUE(Action(QStringLiteral("&Save"))->isEnabled());
 }
 
 TEST_F(MainWindowTest, SavesAnEditWithWhatStoodBeforeTheRoot)
 {
-    window->OpenFile(File("object.xml"));
+    window->Current().Open(File("object.xml"));
     Views().txtPreCondition.UserTypes(Text(Typed));
-    EXPECT_TRUE(window->Object()->HasChanges());
-    EXPECT_TRUE(window->Save());
-    EXPECT_FALSE(window->Object()->HasChanges());
+    EXPECT_TRUE(window->Current().Object()->HasChanges());
+    EXPECT_TRUE(window->Current().Save());
+    EXPECT_FALSE(window->Current().Object()->HasChanges());
     EXPECT_EQ(OnDisk(), Lead + With(SmallObject, "customers\n", "customers of today\n"));
 }
 
 TEST_F(MainWindowTest, MarksTheTitleWhenSomethingWasTyped)
 {
-    window->OpenFile(File("object.xml"));
+    window->Current().Open(File("object.xml"));
     EXPECT_FALSE(window->isWindowModified());
     Designer().PreCondition(QString::fromUtf16(Typed.data(), static_cast<qsizetype>(Typed.size())));
     EXPECT_TRUE(WaitFor([this] { return window->isWindowModified(); }));
@@ -63,7 +63,7 @@ TEST_F(MainWindowTest, TakesAChangeBackByItsEditMenu)
         }
         return found;
     };
-    window->OpenFile(File("object.xml"));
+    window->Current().Open(File("object.xml"));
     const Text before = Views().txtPreCondition.Text();
     EXPECT_FALSE(entry(QStringLiteral("&Undo"))->isEnabled());
     Designer().PreCondition(QString::fromUtf16(Typed.data(), static_cast<qsizetype>(Typed.size())));
@@ -78,18 +78,18 @@ TEST_F(MainWindowTest, TakesAChangeBackByItsEditMenu)
 
 TEST_F(MainWindowTest, SavesACellThatIsStillOpen)
 {
-    window->OpenFile(File("object.xml"));
+    window->Current().Open(File("object.xml"));
     Views().MainTab.UserClicksTab(1);
     Views().RulesGrid.UserClicksCell(1, 1, Grid::Clicks::Double);
     Views().txtgrdline.UserTypes(u"upper(custs001.name)");
-    EXPECT_TRUE(window->Save());
+    EXPECT_TRUE(window->Current().Save());
     EXPECT_NE(OnDisk().find("<NAME TEXT=\"\" TYPE=\"0\">upper(custs001.name)</NAME>"), std::string::npos);
 }
 
 TEST_F(MainWindowTest, AsksBeforeItLetsChangesGo)
 {
-    window->OpenFile(File("object.xml"));
-    EXPECT_TRUE(window->MayLetGo()); // nothing to ask
+    window->Current().Open(File("object.xml"));
+    EXPECT_TRUE(window->Current().MayLetGo()); // nothing to ask
 
     Views().txtPreCondition.UserTypes(Text(Typed));
     {
@@ -106,7 +106,7 @@ TEST_F(MainWindowTest, AsksBeforeItLetsChangesGo)
 
 TEST_F(MainWindowTest, SavesWhenThatIsTheAnswer)
 {
-    window->OpenFile(File("object.xml"));
+    window->Current().Open(File("object.xml"));
     Views().txtPreCondition.UserTypes(Text(Typed));
     ModalAnswer save(Press(QMessageBox::Save));
     EXPECT_TRUE(window->close());
@@ -115,10 +115,10 @@ TEST_F(MainWindowTest, SavesWhenThatIsTheAnswer)
 
 TEST_F(MainWindowTest, WritesNothingWhenTheSaveFails)
 {
-    window->OpenFile(File("object.xml"));
+    window->Current().Open(File("object.xml"));
     Views().txtMainQuery.UserTypes(u"dump 40000 | past every number\r\n");
     ModalAnswer box(Press(QMessageBox::Ok));
-    EXPECT_FALSE(window->Save());
+    EXPECT_FALSE(window->Current().Save());
     EXPECT_TRUE(box.WasAsked());
     EXPECT_EQ(OnDisk(), Lead + SmallObject);
     EXPECT_EQ(Views().txtMainQuery.Text(), u"dump 40000 | past every number\r\n");
@@ -126,18 +126,18 @@ TEST_F(MainWindowTest, WritesNothingWhenTheSaveFails)
 
 TEST_F(MainWindowTest, TellsAFileThatCanNotBeWrittenAndKeepsTheChanges)
 {
-    window->OpenFile(File("object.xml"));
+    window->Current().Open(File("object.xml"));
     Views().txtPreCondition.UserTypes(Text(Typed));
     ModalAnswer box(Press(QMessageBox::Ok));
-    EXPECT_FALSE(window->SaveTo(File("nowhere/object.xml")));
+    EXPECT_FALSE(window->Current().SaveTo(File("nowhere/object.xml")));
     EXPECT_TRUE(box.WasAsked());
-    EXPECT_TRUE(window->Object()->HasChanges());
-    EXPECT_EQ(window->Path(), File("object.xml"));
+    EXPECT_TRUE(window->Current().Object()->HasChanges());
+    EXPECT_EQ(window->Current().Path(), File("object.xml"));
 }
 
 TEST_F(MainWindowTest, TellsWhyItSavesNothingWhileAPanelIsOpen)
 {
-    window->OpenFile(File("object.xml"));
+    window->Current().Open(File("object.xml"));
     Views().CmdFunction.UserClicks();
     for (const char* caption : {"&Save", "Save &As...", "&Import Catalogue..."}) {
         ModalAnswer box([](QWidget& modal) {
@@ -153,28 +153,28 @@ TEST_F(MainWindowTest, TellsWhyItSavesNothingWhileAPanelIsOpen)
     Views().txtFunctions.UserTypes(u"a function");
     Views().CmdOk.UserClicks();
     EXPECT_TRUE(Action(QStringLiteral("&Save"))->isEnabled());
-    EXPECT_TRUE(window->Save());
+    EXPECT_TRUE(window->Current().Save());
     EXPECT_NE(OnDisk().find("<FUNCTIONS>a function</FUNCTIONS>"), std::string::npos);
 }
 
 TEST_F(MainWindowTest, AsksBeforeItOverwritesWhatAnotherProgramWrote)
 {
-    window->OpenFile(File("object.xml"));
+    window->Current().Open(File("object.xml"));
     Put(folder / "object.xml", "somebody else's");
     ModalAnswer cancel(Press(QMessageBox::Cancel));
-    EXPECT_FALSE(window->Save());
+    EXPECT_FALSE(window->Current().Save());
     EXPECT_TRUE(cancel.WasAsked());
     EXPECT_EQ(OnDisk(), "somebody else's");
 }
 
 TEST_F(MainWindowTest, ChangesNothingInAReadOnlyObject)
 {
-    window->OpenFile(File("object.xml"), Access::ReadOnly);
+    window->Current().Open(File("object.xml"), Access::ReadOnly);
     EXPECT_TRUE(Views().txtPreCondition.Locked());
     EXPECT_FALSE(Action(QStringLiteral("&Save"))->isEnabled());
-    EXPECT_FALSE(window->Save());
+    EXPECT_FALSE(window->Current().Save());
     Views().MainTab.UserClicksTab(1);
-    EXPECT_FALSE(window->Object()->HasChanges());
+    EXPECT_FALSE(window->Current().Object()->HasChanges());
     EXPECT_FALSE(Views().CmdFuncBuild.Enabled());
 
     Action(QStringLiteral("&Read-only"))->trigger(); // and back to editing
@@ -183,37 +183,37 @@ TEST_F(MainWindowTest, ChangesNothingInAReadOnlyObject)
 
 TEST_F(MainWindowTest, TellsWhatCanNotBeOpenedAndKeepsWhatIsOpen)
 {
-    window->OpenFile(File("object.xml"));
+    window->Current().Open(File("object.xml"));
     Put(folder / "broken.xml", "<partn101><PREC></partn101>");
     for (const char* name : {"broken.xml", "missing.xml"}) {
         ModalAnswer box(Press(QMessageBox::Ok));
-        window->OpenFile(File(name));
+        window->Current().Open(File(name));
         EXPECT_TRUE(box.WasAsked()) << name;
-        EXPECT_EQ(window->Path(), File("object.xml"));
+        EXPECT_EQ(window->Current().Path(), File("object.xml"));
     }
 }
 
 TEST_F(MainWindowTest, RemembersTheFilesThatWereOpened)
 {
-    window->OpenFile(File("object.xml"));
+    window->Current().Open(File("object.xml"));
     Put(folder / "other.xml", SmallObject);
-    window->OpenFile(File("other.xml"));
+    window->Current().Open(File("other.xml"));
     EXPECT_EQ(settings.Recent().Paths(), QStringList({File("other.xml"), File("object.xml")}));
 }
 
 TEST_F(MainWindowTest, AsksToSaveANewObject)
 {
-    window->OpenUnsaved({{}, QByteArray::fromStdString(SmallObject)});
-    EXPECT_TRUE(window->Object()->HasChanges());
-    EXPECT_TRUE(window->SaveTo(File("new.xml")));
+    window->Current().OpenUnsaved({{}, QByteArray::fromStdString(SmallObject)});
+    EXPECT_TRUE(window->Current().Object()->HasChanges());
+    EXPECT_TRUE(window->Current().SaveTo(File("new.xml")));
     EXPECT_EQ(OnDisk("new.xml"), SmallObject);
-    EXPECT_FALSE(window->Object()->HasChanges());
-    EXPECT_EQ(window->Path(), File("new.xml"));
+    EXPECT_FALSE(window->Current().Object()->HasChanges());
+    EXPECT_EQ(window->Current().Path(), File("new.xml"));
 }
 
 TEST_F(MainWindowTest, ImportsACatalogueIntoTheOpenObject)
 {
-    window->OpenFile(File("object.xml"));
+    window->Current().Open(File("object.xml"));
     Put(folder / "tables.csv", "side,table,field,TYPE\nsource,prodc001,id,L\ntarget,partn101,code,S\n");
     ModalAnswer import([](QWidget& modal) {
         for (QPushButton* button : modal.findChildren<QPushButton*>()) {
@@ -221,10 +221,10 @@ TEST_F(MainWindowTest, ImportsACatalogueIntoTheOpenObject)
                 button->click();
         }
     });
-    window->ImportCatalogue(File("tables.csv"));
-    EXPECT_TRUE(window->Object()->HasChanges());
+    window->Import().Import(File("tables.csv"));
+    EXPECT_TRUE(window->Current().Object()->HasChanges());
     EXPECT_EQ(OnDisk(), Lead + SmallObject);
-    EXPECT_TRUE(window->Save());
+    EXPECT_TRUE(window->Current().Save());
     EXPECT_NE(OnDisk().find("<PRODC001><ID TYPE=\"L\" FNo=\"1\"/></PRODC001></SRCTAB>"), std::string::npos);
     EXPECT_NE(OnDisk().find("<TARTAB><PARTN101><CODE TYPE=\"S\" No=\"1\" FNo=\"1\"/></PARTN101></TARTAB>"),
               std::string::npos);
@@ -233,28 +233,28 @@ TEST_F(MainWindowTest, ImportsACatalogueIntoTheOpenObject)
 
 TEST_F(MainWindowTest, TellsOneBoxForAFailureAndGoesOn)
 {
-    window->OpenFile(File("object.xml"));
+    window->Current().Open(File("object.xml"));
     ModalAnswer box(Press(QMessageBox::Ok));
     Designer().FieldMapping(QStringLiteral("no cell is there yet"));
     EXPECT_TRUE(box.WasAsked());
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
-    EXPECT_TRUE(window->Save());
+    EXPECT_TRUE(window->Current().Save());
 }
 
 TEST_F(MainWindowTest, KeepsADraftWhileThereAreChanges)
 {
     const auto kept = [this] { return QDir(File("drafts")).entryList({QStringLiteral("*.draft.xml")}).size() == 1; };
-    window->OpenFile(File("object.xml"));
+    window->Current().Open(File("object.xml"));
     Views().txtPreCondition.UserTypes(Text(Typed));
     EXPECT_TRUE(WaitFor(kept));
     EXPECT_EQ(OnDisk(), Lead + SmallObject);
-    EXPECT_TRUE(window->Save());
+    EXPECT_TRUE(window->Current().Save());
     EXPECT_FALSE(kept());
 }
 
 TEST_F(MainWindowTest, OpensAFileThatIsDroppedOnAScript)
 {
-    window->OpenFile(File("object.xml"));
+    window->Current().Open(File("object.xml"));
     Put(folder / "other.xml", SmallObject);
     QMimeData dragged;
     dragged.setUrls({QUrl::fromLocalFile(File("other.xml"))});
@@ -264,7 +264,7 @@ TEST_F(MainWindowTest, OpensAFileThatIsDroppedOnAScript)
     EXPECT_TRUE(enter.isAccepted());
     QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(box.viewport(), &drop);
-    EXPECT_TRUE(WaitFor([this] { return window->Path() == File("other.xml"); }));
+    EXPECT_TRUE(WaitFor([this] { return window->Current().Path() == File("other.xml"); }));
     EXPECT_EQ(Views().txtPreCondition.Text(), u"migrate custs001 | customers");
 }
 
@@ -286,13 +286,13 @@ TEST_F(MainWindowTest, OpensAnObjectWithFaultyFieldNumbersForLookingOnly)
     Put(folder / "faulty.xml", faulty);
     QString told;
     ModalAnswer box(PressReadOnly(told));
-    window->OpenFile(File("faulty.xml"));
+    window->Current().Open(File("faulty.xml"));
     ASSERT_TRUE(box.WasAsked());
     EXPECT_TRUE(told.contains(QStringLiteral("Table PARTN101: NAME has No=\"3\" in place 2.")));
-    ASSERT_NE(window->Object(), nullptr);
-    EXPECT_EQ(window->Object()->AccessMode(), Access::ReadOnly);
+    ASSERT_NE(window->Current().Object(), nullptr);
+    EXPECT_EQ(window->Current().Object()->AccessMode(), Access::ReadOnly);
     EXPECT_FALSE(Action(QStringLiteral("&Save"))->isEnabled());
-    EXPECT_FALSE(window->SaveTo(File("faulty.xml")));
+    EXPECT_FALSE(window->Current().SaveTo(File("faulty.xml")));
     EXPECT_EQ(OnDisk("faulty.xml"), faulty);
 }
 
@@ -300,17 +300,17 @@ TEST_F(MainWindowTest, ShowsNothingOfFaultyFieldNumbersWhenThatIsTheAnswer)
 {
     Put(folder / "faulty.xml", With(SmallObject, "<NAME No=\"2\"", "<NAME No=\"1\""));
     ModalAnswer box([this](QWidget& modal) {
-        EXPECT_EQ(window->Object(), nullptr); // asked before anything is shown
+        EXPECT_EQ(window->Current().Object(), nullptr); // asked before anything is shown
         dynamic_cast<QMessageBox&>(modal).button(QMessageBox::Cancel)->click();
     });
-    window->OpenFile(File("faulty.xml"));
+    window->Current().Open(File("faulty.xml"));
     EXPECT_TRUE(box.WasAsked());
-    EXPECT_EQ(window->Object(), nullptr);
+    EXPECT_EQ(window->Current().Object(), nullptr);
 }
 
 TEST_F(MainWindowTest, TellsWhichLineKeepsAScriptFromBeingStored)
 {
-    window->OpenFile(File("object.xml"));
+    window->Current().Open(File("object.xml"));
     Designer().Surface().Act(
         [this] { Views().txtMainQuery.UserTypes(u"dump 1\r\ndump 40000 | past every number\r\n"); });
     QString told;
@@ -318,14 +318,14 @@ TEST_F(MainWindowTest, TellsWhichLineKeepsAScriptFromBeingStored)
         told = dynamic_cast<QMessageBox&>(modal).informativeText();
         Press(QMessageBox::Ok)(modal);
     });
-    EXPECT_FALSE(window->Save());
+    EXPECT_FALSE(window->Current().Save());
     EXPECT_TRUE(told.contains(QStringLiteral("The main query of custs001 names dump 40000 in line 2.")))
         << told.toStdString();
 }
 
 TEST_F(MainWindowTest, SavesAfterTheWayOutThatItTold)
 {
-    window->OpenFile(File("object.xml"));
+    window->Current().Open(File("object.xml"));
     ViewSurface& surface = Designer().Surface();
     const auto type = [&](TextView text) { surface.Act([&] { Views().txtMainQuery.UserTypes(Text(text)); }); };
     const auto clickRow = [&] {
@@ -338,13 +338,13 @@ TEST_F(MainWindowTest, SavesAfterTheWayOutThatItTold)
     type(u"dump 4");
     clickRow();
     clickRow();
-    EXPECT_TRUE(window->Save());
+    EXPECT_TRUE(window->Current().Save());
     EXPECT_NE(OnDisk().find("<QUERY ST=\"custs001\">dump 4</QUERY>"), std::string::npos);
 }
 
 TEST_F(MainWindowTest, OpensTheRulesOfATableThatTheCatalogueHolds)
 {
-    window->OpenFile(File("object.xml"));
+    window->Current().Open(File("object.xml"));
     Designer().Surface().Act(
         [this] { Views().txtPreCondition.UserTypes(u"migrate custs001\r\nmigrate ordrs001\r\n"); });
     QApplication::processEvents();
@@ -353,13 +353,13 @@ TEST_F(MainWindowTest, OpensTheRulesOfATableThatTheCatalogueHolds)
     EXPECT_FALSE(Views().MainTab.TabEnabled(1));
     EXPECT_TRUE(WaitFor([this] { return Views().MainTab.TabEnabled(1); }));
     EXPECT_EQ(Designer().SourceTables(), QStringLiteral("custs001,ordrs001"));
-    EXPECT_EQ(window->Object()->RulesHint(), QString());
+    EXPECT_EQ(window->Current().Object()->RulesHint(), QString());
 }
 
 TEST_F(MainWindowTest, TellsATableThatTheCatalogueLacksWhileTheRulesAreShut)
 {
     Put(folder / "lacking.xml", With(SmallObject, "migrate custs001", "migrate custs001\nmigrate nosuc001"));
-    window->OpenFile(File("lacking.xml"));
+    window->Current().Open(File("lacking.xml"));
     EXPECT_FALSE(Views().MainTab.TabEnabled(1));
     const auto shown = [this](const QString& text) {
         for (const QLabel* label : window->statusBar()->findChildren<QLabel*>()) {
@@ -369,7 +369,7 @@ TEST_F(MainWindowTest, TellsATableThatTheCatalogueLacksWhileTheRulesAreShut)
         return false;
     };
     EXPECT_TRUE(shown(QStringLiteral("no source table nosuc001")));
-    EXPECT_FALSE(window->Object()->HasChanges());
+    EXPECT_FALSE(window->Current().Object()->HasChanges());
 
     Designer().PreCondition(QStringLiteral("migrate custs001\nmigrate ordrs001"));
     EXPECT_TRUE(WaitFor([&] { return !shown(QStringLiteral("nosuc001")); }));
@@ -379,15 +379,15 @@ TEST_F(MainWindowTest, OpensTheRulesOfAnObjectWhoseTablesAreNotListed)
 {
     Put(folder / "unlisted.xml", With(With(SmallObject, "migrate custs001", "migrate custs001\nmigrate ordrs001"),
                                       "custs001</SRCTBL>", "</SRCTBL>"));
-    window->OpenFile(File("unlisted.xml"));
+    window->Current().Open(File("unlisted.xml"));
     EXPECT_TRUE(Views().MainTab.TabEnabled(1));
     EXPECT_EQ(Designer().SourceTables(), QStringLiteral("custs001,ordrs001"));
-    EXPECT_FALSE(window->Object()->HasChanges());
+    EXPECT_FALSE(window->Current().Object()->HasChanges());
 }
 
 TEST_F(MainWindowTest, KeepsRoomForTheButtonsOfPanelsAndRules)
 {
-    window->OpenFile(File("object.xml"));
+    window->Current().Open(File("object.xml"));
     window->resize(300, 200);
     EXPECT_GE(window->width(), 750);
     Designer().Surface().Act([this] { Views().CmdFunction.UserClicks(); });

@@ -27,7 +27,7 @@ constexpr TextView Typed = u"migrate custs001 | customers of today\r\n";
 
 class SavingTest : public HostDesk {
 protected:
-    SavingTest() { window->OpenFile(File("object.xml")); }
+    SavingTest() { window->Current().Open(File("object.xml")); }
 
     void Type(TextView text)
     {
@@ -44,7 +44,7 @@ protected:
     {
         window = std::make_unique<MainWindow>(settings, drafts, times);
         window->show();
-        window->OpenFile(File("object.xml"));
+        window->Current().Open(File("object.xml"));
     }
 
     // Presses OK in the box that comes up, and keeps what it says.
@@ -66,15 +66,15 @@ TEST_F(SavingTest, OnAFullDiskKeepsTheFileTheChangesAndTheDraftAndTellsWhy)
     {
         const FileSizeLimit full(20);
         ModalAnswer box(Read(told));
-        EXPECT_FALSE(window->Save());
+        EXPECT_FALSE(window->Current().Save());
     }
     EXPECT_THAT(told, HasSubstr("object.xml was not saved."));
     EXPECT_THAT(told, HasSubstr("File too large"));
     EXPECT_EQ(OnDisk(), Lead + SmallObject);
-    EXPECT_TRUE(window->Object()->HasChanges());
+    EXPECT_TRUE(window->Current().Object()->HasChanges());
     EXPECT_FALSE(window->statusBar()->currentMessage().contains(QStringLiteral("Saved")));
     EXPECT_EQ(DraftsOnDisk().size(), 1);
-    EXPECT_TRUE(window->Save()); // when there is room again
+    EXPECT_TRUE(window->Current().Save()); // when there is room again
     EXPECT_THAT(OnDisk(), HasSubstr("customers of today"));
 }
 
@@ -95,7 +95,7 @@ TEST_F(SavingTest, NeedsNoRoomForTheCopyFile)
     std::filesystem::remove_all(cache);
     Put(cache, "in the way");
     Type(Typed);
-    EXPECT_TRUE(window->Save());
+    EXPECT_TRUE(window->Current().Save());
     EXPECT_THAT(OnDisk(), HasSubstr("customers of today"));
 }
 
@@ -104,14 +104,14 @@ TEST_F(SavingTest, NeedsNoTemporaryFolderOfTheSystem)
     const std::string ours = "rulemesh-" + std::to_string(::geteuid());
     Put(folder / ours, "somebody else's");
     Type(Typed);
-    EXPECT_TRUE(window->Save());
+    EXPECT_TRUE(window->Current().Save());
     EXPECT_EQ(OnDisk(ours.c_str()), "somebody else's");
 }
 
 TEST_F(SavingTest, LeavesTheCopyFileInAFolderOfTheUsersOwn)
 {
     Type(Typed);
-    EXPECT_TRUE(window->Save());
+    EXPECT_TRUE(window->Current().Save());
     std::filesystem::path copy;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(folder / "cache")) {
         if (entry.path().filename() == "partn101.xml")
@@ -124,16 +124,16 @@ TEST_F(SavingTest, LeavesTheCopyFileInAFolderOfTheUsersOwn)
 TEST_F(SavingTest, DoesNotTakeItsOwnFailedSaveForAnotherPrograms)
 {
     std::filesystem::create_hard_link(folder / "object.xml", folder / "other.xml");
-    window->OpenFile(File("object.xml"));
+    window->Current().Open(File("object.xml"));
     Type(Typed);
     std::string told;
     {
         const FileSizeLimit full((Lead + SmallObject).size()); // room for the copy, none for the longer new text
         ModalAnswer box(Read(told));
-        EXPECT_FALSE(window->Save());
+        EXPECT_FALSE(window->Current().Save());
     }
     EXPECT_EQ(OnDisk("other.xml"), Lead + SmallObject);
-    EXPECT_TRUE(window->Save()); // asks nothing
+    EXPECT_TRUE(window->Current().Save()); // asks nothing
     EXPECT_THAT(OnDisk("other.xml"), HasSubstr("customers of today"));
 }
 
@@ -171,16 +171,16 @@ TEST_F(SavingTest, TellsAPipeInsteadOfWaitingForIt)
     std::string told;
     {
         ModalAnswer box(Read(told));
-        window->OpenFile(File("pipe.xml"));
+        window->Current().Open(File("pipe.xml"));
     }
     EXPECT_THAT(told, HasSubstr("pipe.xml can't be opened."));
     EXPECT_THAT(told, HasSubstr("is a pipe between programs"));
     {
         ModalAnswer box(Read(told));
-        window->ImportCatalogue(File("pipe.csv"));
+        window->Import().Import(File("pipe.csv"));
     }
     EXPECT_THAT(told, HasSubstr("pipe.csv is a pipe between programs"));
-    EXPECT_EQ(window->Path(), File("object.xml")); // what was open still is
+    EXPECT_EQ(window->Current().Path(), File("object.xml")); // what was open still is
 }
 
 } // namespace
