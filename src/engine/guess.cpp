@@ -12,8 +12,6 @@ namespace rulemesh {
 
 namespace {
 
-constexpr TextView DefaultRule = u"default()";
-
 bool IsDateOrUtc(TextView StrType) noexcept { return StrType == u"UTC" || StrType == u"Date"; }
 
 // The field part of an indexed target without its index: "field" for "tgtable1.field(3)"; "" for any other.

@@ -9,6 +9,9 @@
 
 namespace rulemesh {
 
+/// The rule of a field for which nothing better was found.
+inline constexpr TextView DefaultRule = u"default()";
+
 /// What guessing reads of a field, as its list shows it. The texts are borrowed.
 struct GuessField {
     TextView Name;

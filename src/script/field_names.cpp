@@ -57,14 +57,20 @@ std::optional<FieldName> FieldNameCursor::NameAt(std::size_t start, std::size_t 
 {
     const TextView StrTable = text_.substr(start, end - start);
     const bool isPartOfName = start > 0 && text_[start - 1] == u'.';
-    if (isPartOfName || end == text_.size() || text_[end] != u'.' || !IsTableCode(StrTable))
+    if (isPartOfName || !IsTableCode(StrTable))
         return std::nullopt;
-    const std::size_t field = end + 1;
-    std::size_t behind = WordEnd(field);
-    if (behind == field)
-        return std::nullopt;
-    FieldName name = {
-        .Position = start, .Length = 0, .Table = StrTable, .Field = text_.substr(field, behind - field), .Index = {}};
+    FieldName name = {.Position = start, .Length = end - start, .Table = StrTable, .Field = {}, .Index = {}};
+    if (end < text_.size() && text_[end] == u'.')
+        AddField(name, end + 1);
+    return name;
+}
+
+void FieldNameCursor::AddField(FieldName& name, std::size_t start) const
+{
+    std::size_t behind = WordEnd(start);
+    if (behind == start)
+        return;
+    name.Field = text_.substr(start, behind - start);
     if (behind < text_.size() && text_[behind] == u'(') {
         const std::size_t close = text_.find_first_not_of(u"0123456789,", behind + 1);
         if (close != TextView::npos && text_[close] == u')')
@@ -72,8 +78,7 @@ std::optional<FieldName> FieldNameCursor::NameAt(std::size_t start, std::size_t 
         if (!name.Index.empty())
             behind = close + 1;
     }
-    name.Length = behind - start;
-    return name;
+    name.Length = behind - name.Position;
 }
 
 std::size_t FieldNameCursor::WordEnd(std::size_t position) const noexcept

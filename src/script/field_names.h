@@ -7,12 +7,12 @@
 namespace rulemesh {
 
 /// A field as a rule or a script names it: `table.field`, `table.field(3)` or, as Map writes the same,
-/// `table.field(1,3)`. The views go into the text that was read.
+/// `table.field(1,3)`; or a table alone. The views go into the text that was read.
 struct FieldName {
     std::size_t Position = 0; // offset from 0
     std::size_t Length = 0;   // of the whole name, its index included
     TextView Table;           // has the form of a table code
-    TextView Field;           // without the index
+    TextView Field;           // without the index; "" for a table alone
     TextView Index;           // "3", also of `(1,3)`; "" without one
 
     friend bool operator==(const FieldName&, const FieldName&) = default;
@@ -29,6 +29,7 @@ public:
 
 private:
     [[nodiscard]] std::optional<FieldName> NameAt(std::size_t start, std::size_t end) const;
+    void AddField(FieldName& name, std::size_t start) const;
     [[nodiscard]] std::size_t WordEnd(std::size_t position) const noexcept;
     [[nodiscard]] std::size_t BehindQuote(std::size_t position) const noexcept;
 

@@ -60,8 +60,14 @@ TEST(FieldNames, StandAlone)
 {
     EXPECT_THAT(Names(u"emply001.name2"), ElementsAre(u"emply001.name2"));
     EXPECT_THAT(Names(u"x.emply001.a"), IsEmpty());
-    EXPECT_THAT(Names(u"emply001 emply001. emply001.(3)"), IsEmpty());
     EXPECT_THAT(Names(u"emply001.größe"), ElementsAre(u"emply001.größe"));
+}
+
+TEST(FieldNames, MayBeATableAlone)
+{
+    EXPECT_EQ(Only(u"from emply001\n"), (FieldName{5, 8, u"emply001", u"", u""}));
+    EXPECT_THAT(Names(u"emply001 emply001. emply001.(3) \"emply001\""),
+                ElementsAre(u"emply001", u"emply001", u"emply001"));
 }
 
 TEST(FieldNames, StandOutsideOfQuotes)
