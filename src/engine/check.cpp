@@ -102,7 +102,7 @@ TextView SeverityWord(Finding::Severity severity) noexcept
     return u"note";
 }
 
-std::vector<Finding> CheckObject(const ObjectContent& object)
+std::vector<Finding> FindingsOf(const ObjectContent& object)
 {
     CheckRun run(object);
     CheckDumps(run); // enters the tables that rules name

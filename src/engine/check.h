@@ -31,6 +31,6 @@ inline constexpr TextView FunctionsTable = u"FUNCTIONS";
 
 /// What is wrong with an object, ordered by dump, then line, then the order of the target table's fields, then kind.
 /// Each rule and name, and each table at fault, is told once.
-[[nodiscard]] std::vector<Finding> CheckObject(const ObjectContent& object);
+[[nodiscard]] std::vector<Finding> FindingsOf(const ObjectContent& object);
 
 } // namespace rulemesh

@@ -32,21 +32,21 @@ struct Parts {
     std::string More = "";
 };
 
-std::vector<Finding> FindingsOf(const Parts& parts)
+std::vector<Finding> FindingsFor(const Parts& parts)
 {
     XmlDocument document;
     EXPECT_TRUE(document.loadXML("<tgtab001><SRCTBL>" + parts.SourceTables + "</SRCTBL><PREC>" + parts.Precondition +
                                  "</PREC><QUERY ST=\"emply001\">" + parts.Query + "</QUERY><FUNCTIONS>" +
                                  parts.Functions + "</FUNCTIONS>" + parts.Catalogue + "<DUMP No=\"1\">" + parts.Rules +
                                  "</DUMP>" + parts.More + "</tgtab001>"));
-    return CheckObject(ContentOf(document));
+    return FindingsOf(ContentOf(document));
 }
 
 // Kind, dump, table, field and line of each finding.
 std::vector<std::string> Found(const Parts& parts)
 {
     std::vector<std::string> told;
-    for (const Finding& finding : FindingsOf(parts)) {
+    for (const Finding& finding : FindingsFor(parts)) {
         std::string line = ToUtf8(finding.Kind) + " " + std::to_string(finding.Dump) + " " + ToUtf8(finding.Table);
         if (!finding.Field.empty())
             line += "." + ToUtf8(finding.Field);
@@ -65,14 +65,14 @@ std::vector<std::string> FoundForRule(const std::string& rule)
 
 TEST(Check, FindsNothingInAnObjectThatIsWhole) { EXPECT_THAT(Found({}), IsEmpty()); }
 
-TEST(Check, FindsNothingInAnEmptyDocument) { EXPECT_THAT(CheckObject({}), IsEmpty()); }
+TEST(Check, FindsNothingInAnEmptyDocument) { EXPECT_THAT(FindingsOf(ObjectContent()), IsEmpty()); }
 
 TEST(Check, FindsFieldsWithoutRule)
 {
     const Parts parts = {.Rules = "<F__3> &#9; </F__3>"};
     EXPECT_THAT(Found(parts),
                 ElementsAre("no-rule 1 tgtab001.name", "no-rule 1 tgtab001.f(3)", "no-rule 1 tgtab001.born"));
-    const std::vector<Finding> findings = FindingsOf(parts);
+    const std::vector<Finding> findings = FindingsFor(parts);
     EXPECT_EQ(findings[0].How, Finding::Severity::Error); // mandatory
     EXPECT_EQ(findings[1].How, Finding::Severity::Note);
 }
@@ -118,7 +118,7 @@ TEST(Check, FindsAPlainSourceThatMapWouldConvert)
     EXPECT_THAT(Found({.Rules = "<NAME>1</NAME><F__3>emply001.f(1,3)</F__3><BORN>utc(emply001.born,0,2)</BORN>"}),
                 IsEmpty());
     const std::vector<Finding> findings =
-        FindingsOf({.Rules = "<NAME>1</NAME><F__3>1</F__3><BORN>EMPLY001.BORN</BORN>"});
+        FindingsFor({.Rules = "<NAME>1</NAME><F__3>1</F__3><BORN>EMPLY001.BORN</BORN>"});
     ASSERT_EQ(findings.size(), 1U);
     EXPECT_THAT(ToUtf8(findings[0].Sentence), HasSubstr("utc(emply001.born,0,2)"));
 }
@@ -236,7 +236,7 @@ TEST(Check, OrdersByDumpLineFieldAndKind)
 
 TEST(Check, TellsASentenceForEach)
 {
-    for (const Finding& finding : FindingsOf({.SourceTables = "emply001,shipp001,nobdy001",
+    for (const Finding& finding : FindingsFor({.SourceTables = "emply001,shipp001,nobdy001",
                                   .Query = "dump 1 dump x dump 2 ",
                                   .Rules = "<NAME>emply001.name</NAME><BORN>shipp001.phone</BORN><X/>"})) {
         EXPECT_EQ(finding.Sentence.back(), u'.') << ToUtf8(finding.Sentence);
