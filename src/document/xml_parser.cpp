@@ -30,6 +30,9 @@ public:
 
     bool Document();
 
+    /// How far it has read.
+    [[nodiscard]] std::size_t Read() const noexcept { return Offset(at_); }
+
 private:
     // An open element: where it starts and how long its name is. Packed, as there may be as many as the text is deep.
     struct Open {
@@ -251,5 +254,13 @@ void Parser::Pop()
 } // namespace
 
 bool Parse(std::string_view text, Outline& outline) { return Parser(text, outline).Document(); }
+
+std::size_t FaultIn(std::string_view text)
+{
+    Outline outline;
+    Parser parser(text, outline);
+    static_cast<void>(parser.Document());
+    return parser.Read();
+}
 
 } // namespace rulemesh::xml

@@ -34,4 +34,7 @@ constexpr std::size_t LargeElement = 512;
 /// type declaration. The byte behind the text must be a zero. The outline is meaningful only after true.
 [[nodiscard]] bool Parse(std::string_view text, Outline& outline);
 
+/// Where Parse stopped reading a text that it refused, for people: an offset from 0 at or close behind the fault.
+[[nodiscard]] std::size_t FaultIn(std::string_view text);
+
 } // namespace rulemesh::xml

@@ -10,13 +10,25 @@ Desk::Desk(std::unique_ptr<Stage> stage)
     CreateAnew();
 }
 
-void Desk::CreateAnew() { stage_->Create(platform_, platform_); }
+void Desk::CreateAnew()
+{
+    stage_->Create(platform_, platform_);
+    file_ = {};
+}
+
+Json Desk::Let(const Request& request)
+{
+    Json value = LetProperty(Control(), request);
+    if (request.Word("name") == "MappingObjectXML")
+        file_ = {};
+    return value;
+}
 
 // What the host does from inside of an event.
 void Desk::ActInEvent(const Request& reply)
 {
     if (reply.Has("let"))
-        static_cast<void>(LetProperty(Control(), Request(reply.Member("let"))));
+        static_cast<void>(Let(Request(reply.Member("let"))));
     if (reply.Has("call"))
         static_cast<void>(CallMember(Control(), Request(reply.Member("call"))));
 }

@@ -61,16 +61,31 @@ public:
 
 private:
     void Report(const char* kind, Json entry) { happened_.push_back({{kind, std::move(entry)}}); }
+    friend class QuietFiles;
     [[nodiscard]] Json NextReply(const std::string& kind);
     void RaiseEvent(const std::string& name, Json args);
 
     UserHands& hands_;
     std::function<void(const Json& reply)> act_;
     Json happened_ = Json::array();
+    bool tellsFiles_ = true;
     std::map<std::string, std::deque<Json>> replies_; // by kind of question; those to events by "event " and the name
     ReportedFiles files_{[this](const Text& StrFile, const Text& StrText) {
-        Report("wrote", {{"file", JsonOf(StrFile)}, {"text", JsonOf(StrText)}});
+        if (tellsFiles_)
+            Report("wrote", {{"file", JsonOf(StrFile)}, {"text", JsonOf(StrText)}});
     }};
+};
+
+/// While it lives, files that the control writes are not told.
+class QuietFiles {
+public:
+    explicit QuietFiles(ScriptedPlatform& platform) noexcept : platform_(platform) { platform_.tellsFiles_ = false; }
+    QuietFiles(const QuietFiles&) = delete;
+    QuietFiles& operator=(const QuietFiles&) = delete;
+    ~QuietFiles() { platform_.tellsFiles_ = true; }
+
+private:
+    ScriptedPlatform& platform_;
 };
 
 } // namespace rulemesh

@@ -8,6 +8,7 @@
 #include "drive/look_requests.h"
 #include "drive/members.h"
 #include "drive/named_view.h"
+#include "drive/object_requests.h"
 #include "drive/reply_requests.h"
 #include "drive/user_requests.h"
 
@@ -26,6 +27,13 @@ Json Create(Desks& desks, const Request& request)
 Json Hello(Desks& desks, const Request& request)
 {
     return Introduction({VerbNames(), MemberNames(), ViewNames(desks.Of(request).Control())});
+}
+
+Json Let(Desk& desk, const Request& request) { return desk.Let(request); }
+
+template <Json (*Work)(Desk&, const Request&)> Json OnDesk(Desks& desks, const Request& request)
+{
+    return Work(desks.Of(request), request);
 }
 
 template <Json (*Work)(ctlRulemesh&, const Request&)> Json OnControl(Desks& desks, const Request& request)
@@ -50,7 +58,9 @@ const std::map<std::string, Verb>& Verbs()
         {"create", Create},
         {"reply", OnPlatform<LayReplyReady>},
 
-        {"let", OnControl<LetProperty>},
+        {"load", OnDesk<LoadObject>},
+        {"save", OnDesk<SaveObject>},
+        {"let", OnDesk<Let>},
         {"get", OnControl<GetProperty>},
         {"call", OnControl<CallMember>},
         {"resize", OnControl<ResizeControl>},

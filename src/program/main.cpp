@@ -75,7 +75,7 @@ int main(int argc, char** argv)
         "  {\"do\":\"let\",\"name\":\"TargetTable\",\"value\":\"salor101\"}\n"
         "  {\"ok\":true,\"happened\":[]}\n"
         "\n"
-        "Host:  hello, create, let, get, call, resize, set, reply\n"
+        "Host:  hello, create, load, save, let, get, call, resize, set, reply\n"
         "User:  click, tab, focus, leave, type, key, press, choose, row, tick, header, cell, scroll\n"
         "Look:  read, focused, state, xml\n"
         "\n"

@@ -93,11 +93,37 @@ template <typename Task> auto WithSession([[maybe_unused]] bool window, Task tas
     return task([&](const std::string& request) { return session.Answer(request); });
 }
 
+// A folder of the scenario's own as the current one, empty at first, so that it may load what it has saved.
+class ScratchFolder {
+public:
+    ScratchFolder()
+    {
+        std::string name = (std::filesystem::temp_directory_path() / "scenario-XXXXXX").string();
+        if (mkdtemp(name.data()) == nullptr)
+            throw std::runtime_error("no folder for its files");
+        folder_ = name;
+        std::filesystem::current_path(folder_);
+    }
+    ScratchFolder(const ScratchFolder&) = delete;
+    ScratchFolder& operator=(const ScratchFolder&) = delete;
+    ~ScratchFolder()
+    {
+        std::error_code error;
+        std::filesystem::current_path("/", error);
+        std::filesystem::remove_all(folder_, error);
+    }
+
+private:
+    std::filesystem::path folder_;
+};
+
 std::string PlayFile(const std::filesystem::path& scenario, bool window, int progress)
 {
     try {
+        const std::vector<Exchange> exchanges = LoadScenario(scenario);
+        const ScratchFolder folder;
         return WithSession(window, [&](const Answerer& answer) {
-            return Play(LoadScenario(scenario), answer, [&] { Send(progress, {&Answered, 1}); });
+            return Play(exchanges, answer, [&] { Send(progress, {&Answered, 1}); });
         });
     } catch (const std::exception& error) {
         return std::string("can't be played: ") + error.what();
@@ -178,8 +204,10 @@ std::size_t PlayAll(const std::vector<std::filesystem::path>& scenarios, const A
 
 int PrintAnswers(const std::filesystem::path& scenario, bool window)
 {
+    const std::vector<Exchange> exchanges = LoadScenario(scenario);
+    const ScratchFolder folder;
     return WithSession(window, [&](const Answerer& answer) {
-        for (const Exchange& exchange : LoadScenario(scenario))
+        for (const Exchange& exchange : exchanges)
             std::cout << exchange.request.text << "\n-> " << answer(exchange.request.text) << '\n';
         return 0;
     });

@@ -10,8 +10,8 @@
 #include <QUrl>
 #include <QXmlStreamReader>
 
+#include "files/leftovers.h"
 #include "host/files/host_error.h"
-#include "host/files/leftovers.h"
 #include "host/files/safe_file.h"
 
 namespace rulemesh {
@@ -115,7 +115,7 @@ std::unique_ptr<Draft> DraftStore::Begin(const QString& file)
 
 void DraftStore::Sweep() const
 {
-    SweepFolder(QFile::encodeName(folder_), DraftEnding.data());
+    SweepFolder(QFile::encodeName(folder_).toStdString(), DraftEnding.data());
     // Earlier versions wrote to names of six characters more, and a lock without its draft was left while it was made.
     const QDir folder(folder_);
     const QString unfinished = QStringLiteral("*") + DraftEnding + QStringLiteral(".??????");

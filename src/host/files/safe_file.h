@@ -3,27 +3,13 @@
 #include <QByteArray>
 #include <QString>
 
-#include "host/files/file_calls.h"
+#include "files/safe_file.h"
 
 namespace rulemesh {
 
-/// Replaces a file as one act: either all of the new text stands there or all of the old one, whenever the program or
-/// the machine goes down. The text is written beside the file, brought to the disk and renamed. Owner, group, mode and
-/// access list stay, and a link stays a link to the file that is replaced.
-///
-/// A file of several names, one whose owner could not be kept, and one in a folder that can't be written is written in
-/// place, after a whole copy of the old text is safe beside it (or, where that folder can't be written, in the user's
-/// own data). When that fails the old text is put back.
-///
-/// What killed writers left beside the file is swept. Raises HostError when the text is not on the disk; the old one
-/// stands there then. A file that is read-only for the user is refused.
+/// WriteFileAtOnce and what goes with it for the toolkit's texts. Raise HostError.
 void WriteFileAtOnce(const QString& path, const QByteArray& bytes, FileCalls& calls = SystemCalls());
-
-/// Removes what killed writers left beside a file.
 void SweepLeftovers(const QString& path);
-
-/// The whole text that stood in a file before its last writer was killed while it wrote in place; "" when there is
-/// none, or when it stands in the file still.
 [[nodiscard]] QString CopyOfCutShortSave(const QString& path);
 
 } // namespace rulemesh

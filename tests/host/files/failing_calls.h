@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "host/files/file_calls.h"
+#include "files/file_calls.h"
 
 namespace rulemesh {
 

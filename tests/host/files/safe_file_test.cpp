@@ -14,9 +14,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "files/leftovers.h"
 #include "host/files/failing_calls.h"
 #include "host/files/host_error.h"
-#include "host/files/leftovers.h"
 #include "host/files/object_file.h"
 #include "platform/file_size_limit.h"
 #include "platform/ordinary_user.h"

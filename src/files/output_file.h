@@ -1,10 +1,11 @@
 #pragma once
 
-#include <QByteArray>
+#include <string>
+#include <string_view>
 
 #include <sys/stat.h>
 
-#include "host/files/file_calls.h"
+#include "files/file_calls.h"
 
 namespace rulemesh {
 
@@ -12,7 +13,7 @@ namespace rulemesh {
 class OutputFile {
 public:
     /// Opens the file by its path, never through a link. Locked while it is open, where the system can.
-    OutputFile(FileCalls& calls, const QByteArray& path, int flags, mode_t mode);
+    OutputFile(FileCalls& calls, const std::string& path, int flags, mode_t mode);
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;
     ~OutputFile();
@@ -20,14 +21,14 @@ public:
     [[nodiscard]] struct stat Status() const;
 
     /// Writes from where the file stands; what an interrupted or short write left over is written next.
-    void Write(const QByteArray& bytes);
+    void Write(std::string_view bytes);
 
     /// Gives the file the owner, group, access list, further attributes and mode of another one. False where the system
     /// forbids it.
-    [[nodiscard]] bool TakeAttributesOf(const QByteArray& path, const struct stat& status);
+    [[nodiscard]] bool TakeAttributesOf(const std::string& path, const struct stat& status);
 
     /// Ends the file here.
-    void Truncate(qsizetype length);
+    void Truncate(std::size_t length);
 
     /// Comes back when all that was written is on the disk.
     void Sync();
@@ -42,6 +43,6 @@ private:
 
 /// Brings what was renamed in a folder to the disk. Says nothing of a folder that can't be flushed by its nature: one
 /// that can't be read, or whose file system has no such call.
-void SyncFolder(FileCalls& calls, const QByteArray& folder);
+void SyncFolder(FileCalls& calls, const std::string& folder);
 
 } // namespace rulemesh

@@ -1,10 +1,10 @@
-#include "host/files/output_file.h"
+#include "files/output_file.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <system_error>
 #include <utility>
-
-#include <QByteArrayList>
+#include <vector>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -20,44 +20,43 @@ namespace {
 // Attributes that the system has beyond owner and mode; among them the access list, which counts like the mode.
 constexpr char AccessList[] = "system.posix_acl_access";
 
-QByteArrayList NamesOfAttributes(const QByteArray& path)
+std::vector<std::string> NamesOfAttributes([[maybe_unused]] const std::string& path)
 {
 #ifdef __linux__
-    const ssize_t size = ::llistxattr(path.constData(), nullptr, 0);
+    const ssize_t size = ::llistxattr(path.c_str(), nullptr, 0);
     if (size <= 0)
         return {};
-    QByteArray names(size, '\0');
-    const ssize_t filled = ::llistxattr(path.constData(), names.data(), static_cast<std::size_t>(names.size()));
-    return filled <= 0 ? QByteArrayList() : names.first(filled - 1).split('\0');
+    std::string list(static_cast<std::size_t>(size), '\0');
+    const ssize_t filled = ::llistxattr(path.c_str(), list.data(), list.size());
+    list.resize(static_cast<std::size_t>(std::max<ssize_t>(filled, 0)));
+    std::vector<std::string> names;
+    for (std::size_t at = 0; at < list.size(); at += names.back().size() + 1)
+        names.emplace_back(list.c_str() + at);
+    return names;
 #else
-    Q_UNUSED(path)
     return {};
 #endif
 }
 
-bool CopyAttribute(const QByteArray& path, const QByteArray& name, int file)
+bool CopyAttribute([[maybe_unused]] const std::string& path, [[maybe_unused]] const std::string& name,
+                   [[maybe_unused]] int file)
 {
 #ifdef __linux__
-    const ssize_t size = ::lgetxattr(path.constData(), name.constData(), nullptr, 0);
+    const ssize_t size = ::lgetxattr(path.c_str(), name.c_str(), nullptr, 0);
     if (size < 0)
         return false;
-    QByteArray value(size, '\0');
-    const ssize_t filled =
-        ::lgetxattr(path.constData(), name.constData(), value.data(), static_cast<std::size_t>(value.size()));
-    return filled >= 0 &&
-           ::fsetxattr(file, name.constData(), value.constData(), static_cast<std::size_t>(filled), 0) == 0;
+    std::string value(static_cast<std::size_t>(size), '\0');
+    const ssize_t filled = ::lgetxattr(path.c_str(), name.c_str(), value.data(), value.size());
+    return filled >= 0 && ::fsetxattr(file, name.c_str(), value.data(), static_cast<std::size_t>(filled), 0) == 0;
 #else
-    Q_UNUSED(path)
-    Q_UNUSED(name)
-    Q_UNUSED(file)
     return false;
 #endif
 }
 
 } // namespace
 
-OutputFile::OutputFile(FileCalls& calls, const QByteArray& path, int flags, mode_t mode)
-    : calls_(calls), number_(calls.Open(path.constData(), flags | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, mode))
+OutputFile::OutputFile(FileCalls& calls, const std::string& path, int flags, mode_t mode)
+    : calls_(calls), number_(calls.Open(path.c_str(), flags | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, mode))
 {
     if (number_ < 0)
         Raise(errno);
@@ -78,21 +77,20 @@ struct stat OutputFile::Status() const
     return status;
 }
 
-void OutputFile::Write(const QByteArray& bytes)
+void OutputFile::Write(std::string_view bytes)
 {
-    for (qsizetype at = 0; at < bytes.size();) {
-        const ssize_t written =
-            calls_.Write(number_, bytes.constData() + at, static_cast<std::size_t>(bytes.size() - at));
+    for (std::size_t at = 0; at < bytes.size();) {
+        const ssize_t written = calls_.Write(number_, bytes.data() + at, bytes.size() - at);
         if (written < 0 && errno != EINTR)
             Raise(errno);
         if (written == 0)
             Raise(ENOSPC);
         if (written > 0)
-            at += written;
+            at += static_cast<std::size_t>(written);
     }
 }
 
-bool OutputFile::TakeAttributesOf(const QByteArray& path, const struct stat& status)
+bool OutputFile::TakeAttributesOf(const std::string& path, const struct stat& status)
 {
     const struct stat own = Status();
     const bool sameOwner = own.st_uid == status.st_uid && own.st_gid == status.st_gid;
@@ -101,7 +99,7 @@ bool OutputFile::TakeAttributesOf(const QByteArray& path, const struct stat& sta
             Raise(errno);
         return false;
     }
-    for (const QByteArray& name : NamesOfAttributes(path)) {
+    for (const std::string& name : NamesOfAttributes(path)) {
         if (!CopyAttribute(path, name, number_) && name == AccessList)
             return false;
     }
@@ -115,9 +113,9 @@ bool OutputFile::TakeAttributesOf(const QByteArray& path, const struct stat& sta
     return true;
 }
 
-void OutputFile::Truncate(qsizetype length)
+void OutputFile::Truncate(std::size_t length)
 {
-    if (calls_.Truncate(number_, length) != 0)
+    if (calls_.Truncate(number_, static_cast<off_t>(length)) != 0)
         Raise(errno);
 }
 
@@ -136,9 +134,9 @@ void OutputFile::Close()
         Raise(errno);
 }
 
-void SyncFolder(FileCalls& calls, const QByteArray& folder)
+void SyncFolder(FileCalls& calls, const std::string& folder)
 {
-    const int number = calls.Open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0);
+    const int number = calls.Open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0);
     if (number < 0)
         return;
     const int error = calls.Sync(number) == 0 ? 0 : errno;

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <QByteArray>
-#include <QByteArrayList>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace rulemesh {
 
@@ -14,19 +15,19 @@ namespace rulemesh {
 enum class Beside { NewText, OldText };
 
 /// The path of such a file of this process.
-[[nodiscard]] QByteArray PathBeside(const QByteArray& file, Beside purpose, int number);
+[[nodiscard]] std::string PathBeside(const std::string& file, Beside purpose, int number);
 
 /// The files of that purpose beside a file whose writers have ended (or are this process, which writes one at a time).
-[[nodiscard]] QByteArrayList LeftBeside(const QByteArray& file, Beside purpose);
+[[nodiscard]] std::vector<std::string> LeftBeside(const std::string& file, Beside purpose);
 
 /// Removes what killed writers left of new texts beside a file.
-void SweepBeside(const QByteArray& file);
+void SweepBeside(const std::string& file);
 
 /// The same for all files of a folder whose names end so.
-void SweepFolder(const QByteArray& folder, const QByteArray& ending);
+void SweepFolder(const std::string& folder, std::string_view ending);
 
 /// A path without its file's name, and the name alone.
-[[nodiscard]] QByteArray FolderOf(const QByteArray& path);
-[[nodiscard]] QByteArray NameOf(const QByteArray& path);
+[[nodiscard]] std::string FolderOf(const std::string& path);
+[[nodiscard]] std::string NameOf(const std::string& path);
 
 } // namespace rulemesh

@@ -1,4 +1,4 @@
-#include "host/files/file_calls.h"
+#include "files/file_calls.h"
 
 #include <cstdio>
 
