@@ -11,9 +11,9 @@
 #include <unistd.h>
 #endif
 
+#include "commands/exit_status.h"
 #include "drive/session.h"
 #include "program/display.h"
-#include "program/exit_status.h"
 
 #ifdef RULEMESH_HAS_WINDOW
 #include <QApplication>

@@ -3,13 +3,15 @@
 #include <exception>
 #include <filesystem>
 #include <iostream>
+#include <map>
 #include <new>
 #include <string>
 
 #include <CLI/CLI.hpp>
 
+#include "commands/check_command.h"
+#include "commands/exit_status.h"
 #include "program/drive_command.h"
-#include "program/exit_status.h"
 
 #ifdef RULEMESH_HAS_APPLICATION
 #include "program/display.h"
@@ -52,6 +54,42 @@ int OpenWithoutCommand(const CLI::App& program, char* name, const std::string& f
 }
 #endif
 
+// The commands on files tell it in one line, and with the status of a file that can't be read.
+int WrongCommandLine(const CLI::App& command, const CLI::ParseError& error)
+{
+    std::cerr << "rulemesh " << command.get_name() << ": " << error.what() << "; see rulemesh " << command.get_name()
+              << " --help\n";
+    return rulemesh::CannotOpenFile;
+}
+
+// An option whose value is one of a few words.
+template <typename Value>
+void AddChoice(CLI::App& command, const std::string& name, Value& value, const std::map<std::string, Value>& words,
+               const std::string& text)
+{
+    command
+        .add_option_function<std::string>(
+            name, [&value, words](const std::string& word) { value = words.at(word); }, text)
+        ->check(CLI::IsMember(words).description(""))
+        ->type_name("");
+}
+
+CLI::App* AddCheck(CLI::App& program, rulemesh::CheckOptions& options)
+{
+    using Format = rulemesh::CheckOptions::Format;
+    using Severity = rulemesh::Finding::Severity;
+    CLI::App* check = program.add_subcommand("check", "Tell what is wrong with mapping objects.");
+    check->add_option("FILE", options.Files, "Files with mapping objects.")->required()->type_name("");
+    AddChoice(*check, "--format", options.As, {{"text", Format::Text}, {"json", Format::Json}, {"csv", Format::Csv}},
+              "How findings are printed: text, json or csv (text).");
+    AddChoice(*check, "--severity", options.Fails,
+              {{"error", Severity::Error}, {"warning", Severity::Warning}, {"note", Severity::Note}},
+              "From where on findings make the status 1: error, warning or note (error).");
+    check->footer("The exit status is 0 when nothing of that severity was found, 1 when something was, 2 when a file "
+                  "can't be read.");
+    return check;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -85,6 +123,9 @@ int main(int argc, char** argv)
         "disk), 5 when even the answer that memory is short finds none. rulemesh(1) and docs/drive.md tell the whole "
         "protocol.");
 
+    rulemesh::CheckOptions check;
+    CLI::App* checks = AddCheck(program, check);
+
 #ifdef RULEMESH_HAS_APPLICATION
     std::string alone;
     program.add_option("FILE", alone, "Short for open FILE; without FILE and command the application opens.");
@@ -95,14 +136,20 @@ int main(int argc, char** argv)
 #else
     program.require_subcommand(1);
 #endif
-    CLI11_PARSE(program, argc, argv);
+    try {
+        program.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return checks->parsed() && error.get_exit_code() != 0 ? WrongCommandLine(*checks, error) : program.exit(error);
+    }
 #ifdef RULEMESH_HAS_APPLICATION
-    if (!open->parsed() && !drive->parsed())
+    if (program.get_subcommands().empty())
         return OpenWithoutCommand(program, argv[0], alone);
     if (!alone.empty()) // a word before the command
         return Unknown(alone);
     if (open->parsed())
         return rulemesh::RunOpen(argv[0], object);
 #endif
+    if (checks->parsed())
+        return rulemesh::RunCheck(check, std::cout, std::cerr);
     return rulemesh::RunDrive(options);
 }

@@ -7,7 +7,7 @@
 
 #include "host/application.h"
 #include "program/display.h"
-#include "program/exit_status.h"
+#include "commands/exit_status.h"
 
 namespace rulemesh {
 
