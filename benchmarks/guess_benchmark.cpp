@@ -10,10 +10,10 @@
 #include "engine/field_rows.h"
 #include "engine/guess.h"
 #include "engine/rule_mapping.h"
-#include "object/field_catalogue.h"
 #include "object/names.h"
 #include "shell/ctl_rulemesh.h"
 #include "silent_desk.h"
+#include "views/field_columns.h"
 
 // Guessing the rules of 2,000 target fields from 50,000 source fields, beside the walk over every source field for
 // every target field by which guessing is defined. Both must give the same rules.

@@ -4,7 +4,7 @@
 
 #include "base/utf8.h"
 #include "drive/named_view.h"
-#include "object/field_catalogue.h"
+#include "views/field_columns.h"
 
 namespace rulemesh {
 

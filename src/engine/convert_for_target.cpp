@@ -1,18 +1,22 @@
 #include "engine/convert_for_target.h"
 
+#include "object/field_types.h"
+
 namespace rulemesh {
 
 Text ConvertForTarget(TextView StrSourceName, TextView StrSourceType, TextView StrTargetType)
 {
     const Text StrName(StrSourceName);
-    const bool sourceIsDate = StrSourceType == u"Date";
-    const bool sourceIsUtc = StrSourceType == u"UTC";
-    if (StrTargetType == u"Date")
+    const bool sourceIsDate = StrSourceType == WordOf(FieldType::Date);
+    const bool sourceIsUtc = StrSourceType == WordOf(FieldType::Utc);
+    if (StrTargetType == WordOf(FieldType::Date))
         return sourceIsDate || sourceIsUtc ? u"utc(" + StrName + u",0,2)" : StrName;
-    if (StrTargetType == u"UTC")
+    if (StrTargetType == WordOf(FieldType::Utc))
         return sourceIsDate ? u"utc(" + StrName + u",0,2)" : sourceIsUtc ? u"utc$(" + StrName + u")" : StrName;
 
-    const auto isString = [](TextView type) { return type == u"String" || type == u"Multi-Byte String"; };
+    const auto isString = [](TextView type) {
+        return type == WordOf(FieldType::String) || type == WordOf(FieldType::MultiByteString);
+    };
     if (!isString(StrTargetType) || !isString(StrSourceType))
         return StrName;
     if (StrSourceType != StrTargetType)

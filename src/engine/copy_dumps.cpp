@@ -3,7 +3,7 @@
 #include "base/case_map.h"
 #include "base/failure.h"
 #include "base/numbers.h"
-#include "object/field_catalogue.h"
+#include "views/field_columns.h"
 
 namespace rulemesh {
 

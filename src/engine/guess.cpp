@@ -5,14 +5,17 @@
 #include <utility>
 
 #include "engine/convert_for_target.h"
-#include "object/field_catalogue.h"
+#include "object/field_types.h"
 #include "object/names.h"
 
 namespace rulemesh {
 
 namespace {
 
-bool IsDateOrUtc(TextView StrType) noexcept { return StrType == u"UTC" || StrType == u"Date"; }
+bool IsDateOrUtc(TextView StrType) noexcept
+{
+    return StrType == WordOf(FieldType::Utc) || StrType == WordOf(FieldType::Date);
+}
 
 // The field part of an indexed target without its index: "field" for "tgtable1.field(3)"; "" for any other.
 TextView BasePart(TextView StrName) noexcept

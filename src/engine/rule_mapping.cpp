@@ -8,8 +8,8 @@
 #include "base/numbers.h"
 #include "engine/convert_for_target.h"
 #include "engine/guess.h"
-#include "object/field_catalogue.h"
 #include "object/names.h"
+#include "views/field_columns.h"
 
 namespace rulemesh {
 

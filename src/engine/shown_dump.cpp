@@ -4,7 +4,6 @@
 #include "base/failure.h"
 #include "base/numbers.h"
 #include "engine/field_rows.h"
-#include "object/field_catalogue.h"
 #include "object/names.h"
 
 namespace rulemesh {

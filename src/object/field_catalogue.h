@@ -1,38 +1,23 @@
 #pragma once
 
-#include <vector>
-
 #include "base/text.h"
 #include "document/xml_document.h"
 
 namespace rulemesh {
 
-/// Positions of the texts in a row of lstTargetFields. Position 0 is empty.
-namespace TargetField {
-inline constexpr int Mark = 1;
-inline constexpr int Number = 2;
-inline constexpr int Name = 3;
-inline constexpr int Type = 4;
-inline constexpr int Length = 5;
-inline constexpr int Domain = 9;
-inline constexpr int Enums = 11;
-} // namespace TargetField
-
-/// Positions of the texts in a row of lstSourceFields.
-namespace SourceField {
-inline constexpr int Mark = 0;
-inline constexpr int Number = 1;
-inline constexpr int Name = 2;
-inline constexpr int Type = 3;
-inline constexpr int Length = 4;
-inline constexpr int Domain = 8;
-inline constexpr int Enums = 10;
-} // namespace SourceField
-
-/// The texts of a field of the catalogue, from its mark on, behind as many empty ones as are asked for.
-[[nodiscard]] std::vector<Text> FieldTexts(TextView StrTable, XmlNode field, std::size_t emptyInFront);
+/// The words for what the attributes of a field of the catalogue say. All of them are exact, case included.
 
 /// The word for a field's type, with its length in StrLength; an unknown type gives "" and leaves StrLength as it is.
 [[nodiscard]] Text DecodeFieldType(XmlNode field, Text& StrLength);
+
+/// A field's number (FNo), filled with zeros so that a sort by text is a sort by number up to 999; "000" for what is no
+/// number.
+[[nodiscard]] Text FieldNumberText(const Text& StrNumber);
+
+/// The word for an alignment (ADJU): "No", "Right", "Left" or "Centre".
+[[nodiscard]] TextView AlignmentWord(TextView StrLetter) noexcept;
+
+/// The word for a case (CASE): "No", "Upper" or "Lower".
+[[nodiscard]] TextView CaseWord(TextView StrLetter) noexcept;
 
 } // namespace rulemesh

@@ -3,6 +3,7 @@
 #include <unordered_set>
 
 #include "base/failure.h"
+#include "views/field_columns.h"
 
 namespace rulemesh {
 
@@ -39,7 +40,7 @@ void SourceTableList::RefreshSourceTables()
 
     views_.lstSourceFields.Sorted(true);
     views_.lstSourceFields.SortOrder(ListView::Order::Ascending);
-    views_.lstSourceFields.SortKey(1);
+    views_.lstSourceFields.SortKey(SourceField::Number);
 }
 
 void SourceTableList::AddAllParts()

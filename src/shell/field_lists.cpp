@@ -1,6 +1,6 @@
 #include "shell/field_lists.h"
 
-#include "object/field_catalogue.h"
+#include "views/field_columns.h"
 
 namespace rulemesh {
 

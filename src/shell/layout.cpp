@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "base/failure.h"
+#include "views/field_columns.h"
 
 namespace rulemesh {
 
@@ -101,7 +102,7 @@ void Layout::LayOutRulesTab()
     StepWidth(v.FrmRules, v.MainTab.Width() - 200);
     StepHeight(v.FrmRules, v.MainTab.Height() - 480);
 
-    v.lstTargetFields.ColumnWidth(1, 0);
+    v.lstTargetFields.ColumnWidth(TargetField::Front + 1, 0);
     StepWidth(v.lstSourceFields, Half(v.FrmRules.Width() - 480));
     v.lstTargetFields.Width(v.lstSourceFields.Width());
     v.lstSourceFields.Left(v.lstTargetFields.Right() + 120);

@@ -1,7 +1,7 @@
 #include "shell/rules_grid.h"
 
 #include "base/numbers.h"
-#include "object/field_catalogue.h"
+#include "views/field_columns.h"
 
 namespace rulemesh {
 

@@ -2,6 +2,7 @@
 
 #include "views/button.h"
 #include "views/combo_box.h"
+#include "views/field_columns.h"
 #include "views/grid.h"
 #include "views/list_view.h"
 #include "views/tab_control.h"
@@ -158,45 +159,23 @@ struct DesignerViews {
     ListView lstTargetFields{
         Tree,
         {.Name = u"lstTargetFields", .Parent = &FrmRules, .Place = {0, 840, 5600, 2295}, .Type = SansSerif},
-        {.Columns = {{u"", 441},
-                     {u"", 706},
-                     {u"No", 882, true},
-                     {u"Field Name", 2293},
-                     {u"Type", 1093},
-                     {u"Length", 882, true},
-                     {u"Description", 2187},
-                     {u"Alignment", 882},
-                     {u"Case", 882},
-                     {u"Domain", 2540},
-                     {u"Initial Value", 2540},
-                     {u"DomEnum", 2540},
-                     {u"", 2540}},
+        {.Columns = ColumnsOf(FieldList::Target),
          .Sorted = true,
-         .SortKey = 2,
-         .ToolTipPosition = 11,
-         .SearchPosition = 3}};
+         .SortKey = TargetField::Number,
+         .ToolTipPosition = TargetField::Enums,
+         .SearchPosition = TargetField::Name}};
     ListView lstSourceFields{Tree,
                              {.Name = u"lstSourceFields",
                               .Parent = &FrmRules,
                               .Place = {5760, 840, 5600, 2295},
                               .Type = {u"Microsoft Sans Serif", 8.25, false}},
-                             {.Columns = {{u"", 706},
-                                          {u"No", 882},
-                                          {u"Field Name", 2381},
-                                          {u"Type", 1093},
-                                          {u"Length", 882, true},
-                                          {u"Description", 2187},
-                                          {u"Alignment", 882},
-                                          {u"Case", 882},
-                                          {u"Domain", 2540},
-                                          {u"Initial Value", 2540},
-                                          {u"DomEnum", 2540}},
+                             {.Columns = ColumnsOf(FieldList::Source),
                               .Select = ListView::Selection::Multiple,
                               .CheckBoxes = true,
                               .Sorted = true,
-                              .SortKey = 1,
-                              .ToolTipPosition = 10,
-                              .SearchPosition = 2}};
+                              .SortKey = SourceField::Number,
+                              .ToolTipPosition = SourceField::Enums,
+                              .SearchPosition = SourceField::Name}};
     Button CmdFuncBuild{Tree,
                         {.Name = u"CmdFuncBuild",
                          .Parent = &FrmRules,

@@ -135,6 +135,7 @@ protected:
     void PutOwnValuesBack(const ViewValues& values) override;
 
 private:
+    template <typename Change> void ChangeSelection(int row, Change change);
     [[noreturn]] void RaiseNoRow(int row) const;
     [[nodiscard]] std::size_t IndexOf(int row) const;
     [[nodiscard]] int RowOf(std::size_t index) const;

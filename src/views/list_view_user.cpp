@@ -27,55 +27,48 @@ void ListView::UserTicks(int row, bool checked)
     Run(ItemCheck);
 }
 
-void ListView::UserTogglesRow(int row)
+// What the user does to one of several rows; in a list of single selection a plain click.
+template <typename Change> void ListView::ChangeSelection(int row, Change change)
 {
     const ActionScope action(Tree().Acting, {Action::Kind::Move});
-    if (!TakesSeveral()) {
+    if (!TakesSeveral())
         UserClicksRow(row);
-        return;
-    }
-    if (!Tree().MoveFocus(*this) || row > Count())
-        return;
-    const std::size_t index = IndexOf(row);
-    SetSelected(index, !rows_[index].Selected);
-    current_ = anchor_ = index;
-    Changed();
-    Run(ItemClick, row);
+    else if (Tree().MoveFocus(*this) && row <= Count())
+        change(IndexOf(row));
+}
+
+void ListView::UserTogglesRow(int row)
+{
+    ChangeSelection(row, [&](std::size_t index) {
+        SetSelected(index, !rows_[index].Selected);
+        current_ = anchor_ = index;
+        Changed();
+        Run(ItemClick, row);
+    });
 }
 
 void ListView::UserExtendsTo(int row)
 {
-    const ActionScope action(Tree().Acting, {Action::Kind::Move});
-    if (!TakesSeveral()) {
-        UserClicksRow(row);
-        return;
-    }
-    if (!Tree().MoveFocus(*this) || row > Count())
-        return;
-    const std::size_t index = IndexOf(row);
-    if (!anchor_)
-        anchor_ = CurrentRow() == 0 ? index : IndexOf(CurrentRow());
-    const int anchor = RowOf(*anchor_);
-    const int first = std::min(anchor, row);
-    const int last = std::max(anchor, row);
-    for (int each = 1; each <= Count(); ++each)
-        SetSelected(IndexOf(each), each >= first && each <= last);
-    current_ = index;
-    Changed();
-    Run(ItemClick, row);
+    ChangeSelection(row, [&](std::size_t index) {
+        if (!anchor_)
+            anchor_ = CurrentRow() == 0 ? index : IndexOf(CurrentRow());
+        const int anchor = RowOf(*anchor_);
+        const int first = std::min(anchor, row);
+        const int last = std::max(anchor, row);
+        for (int each = 1; each <= Count(); ++each)
+            SetSelected(IndexOf(each), each >= first && each <= last);
+        current_ = index;
+        Changed();
+        Run(ItemClick, row);
+    });
 }
 
 void ListView::UserMovesTo(int row)
 {
-    const ActionScope action(Tree().Acting, {Action::Kind::Move});
-    if (!TakesSeveral()) {
-        UserClicksRow(row);
-        return;
-    }
-    if (!Tree().MoveFocus(*this) || row > Count())
-        return;
-    current_ = IndexOf(row);
-    Changed();
+    ChangeSelection(row, [&](std::size_t index) {
+        current_ = index;
+        Changed();
+    });
 }
 
 void ListView::UserClicksHeader(int column)

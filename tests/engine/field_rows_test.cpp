@@ -1,12 +1,12 @@
 #include "engine/field_rows.h"
 
 #include <string>
+#include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "object/field_catalogue.h"
-#include "views/designer_views.h"
+#include "views/view_tree.h"
 
 namespace rulemesh {
 namespace {
@@ -22,10 +22,61 @@ protected:
         return document_.documentElement();
     }
 
+    [[nodiscard]] std::vector<Text> SourceRow(const std::string& field)
+    {
+        const XmlNode table = Table(field);
+        return FieldTexts(FieldList::Source, table.baseName(), table.firstChild());
+    }
+
     XmlDocument document_;
     ViewTree tree_;
     ListView list_{tree_, {.Name = u"list"}, {}};
 };
+
+constexpr const char* WholeField =
+    R"(<PRICE__1 No="9" FNo="7" MAN="Y" TYPE="F" DIGB="10" DIGA="2" LENG="3" DSCA="Price &amp; more" ADJU="R" CASE="U")"
+    R"( DOMAIN="money" INITVAL=" 0 " DOMENUMS="a,b"/>)";
+
+TEST_F(FieldRows, SourceRowBeginsWithTheMark)
+{
+    EXPECT_THAT(SourceRow(WholeField), ElementsAre(u"*", u"007", u"tgtab001.price(1)", u"Float", u"10,2",
+                                                   u"Price & more", u"Right", u"Upper", u"money", u" 0 ", u"a,b"));
+}
+
+TEST_F(FieldRows, TargetRowBeginsWithAnEmptyText)
+{
+    const XmlNode table = Table(WholeField);
+    EXPECT_THAT(FieldTexts(FieldList::Target, table.baseName(), table.firstChild()),
+                ElementsAre(u"", u"*", u"007", u"tgtab001.price(1)", u"Float", u"10,2", u"Price & more", u"Right",
+                            u"Upper", u"money", u" 0 ", u"a,b"));
+}
+
+TEST_F(FieldRows, AbsentAttributesReadAsEmpty)
+{
+    EXPECT_THAT(SourceRow("<CODE/>"),
+                ElementsAre(u"", u"000", u"tgtab001.code", u"", u"", u"", u"No", u"No", u"", u"", u""));
+    EXPECT_EQ(SourceRow(R"(<CODE TYPE="F"/>)")[4], u",");
+}
+
+TEST_F(FieldRows, MarkIsForYAlone)
+{
+    for (const auto& [letter, mark] :
+         std::vector<std::pair<std::string, Text>>{{"Y", u"*"}, {"y", u""}, {"N", u""}, {"", u""}, {"YY", u""}})
+        EXPECT_EQ(SourceRow("<A MAN=\"" + letter + "\"/>")[SourceField::Mark], mark) << letter;
+}
+
+TEST_F(FieldRows, AnUnknownTypeShowsTheMarkAsItsLength)
+{
+    const std::vector<Text> marked = SourceRow(R"(<A MAN="Y" TYPE="X" LENG="20"/>)");
+    EXPECT_EQ(marked[SourceField::Type], u"");
+    EXPECT_EQ(marked[SourceField::Length], u"*");
+    EXPECT_EQ(SourceRow(R"(<A TYPE="X" LENG="20"/>)")[SourceField::Length], u"");
+}
+
+TEST_F(FieldRows, NamesOfSeveralIndexesCloseOneBracket)
+{
+    EXPECT_EQ(SourceRow("<AMT__2__1/>")[SourceField::Name], u"tgtab001.amt(2(1)");
+}
 
 TEST_F(FieldRows, OfTargetsHaveAnEmptyTextInFront)
 {
@@ -53,13 +104,6 @@ TEST_F(FieldRows, AMissingTableAddsNothing)
     FillTargetFields(list_, {});
     FillTargetFields(list_, Table(""));
     EXPECT_EQ(list_.Count(), 0);
-}
-
-TEST(FieldLists, ShowTheEnumerationsAsTheirToolTip)
-{
-    const DesignerViews views;
-    EXPECT_EQ(views.lstTargetFields.ToolTipPosition(), TargetField::Enums);
-    EXPECT_EQ(views.lstSourceFields.ToolTipPosition(), SourceField::Enums);
 }
 
 } // namespace

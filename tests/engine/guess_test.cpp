@@ -11,7 +11,7 @@
 #include "engine/engine_bench.h"
 #include "engine/field_rows.h"
 #include "engine/guess_oracle.h"
-#include "object/field_catalogue.h"
+#include "views/field_columns.h"
 
 namespace rulemesh {
 namespace {

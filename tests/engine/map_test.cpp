@@ -4,7 +4,6 @@
 #include "base/failure_of.h"
 #include "engine/engine_bench.h"
 #include "engine/field_rows.h"
-#include "object/field_catalogue.h"
 
 namespace rulemesh {
 namespace {

@@ -1,6 +1,7 @@
 #include "host/catalogue/catalogue_csv.h"
 
 #include <algorithm>
+#include <array>
 #include <map>
 #include <optional>
 #include <set>
@@ -12,6 +13,7 @@
 #include "document/xml_characters.h"
 #include "host/catalogue/csv_reader.h"
 #include "host/files/host_error.h"
+#include "object/field_types.h"
 #include "object/names.h"
 #include "script/keywords.h"
 
@@ -26,8 +28,14 @@ struct Letters {
     TextView Attribute;
     TextView Allowed;
 };
+constexpr auto TypeLetters = [] {
+    std::array<char16_t, FieldTypes.size()> letters{};
+    std::transform(FieldTypes.begin(), FieldTypes.end(), letters.begin(),
+                   [](const FieldTypeEntry& type) { return type.Letter; });
+    return letters;
+}();
 constexpr std::array<Letters, 4> LetterColumns = {
-    {{u"MAN", u"YN"}, {u"TYPE", u"BILFDSMEPTKU"}, {u"ADJU", u"NRLC"}, {u"CASE", u"NUL"}}};
+    {{u"MAN", u"YN"}, {u"TYPE", {TypeLetters.data(), TypeLetters.size()}}, {u"ADJU", u"NRLC"}, {u"CASE", u"NUL"}}};
 constexpr std::array<TextView, 5> NumberColumns = {u"No", u"FNo", u"LENG", u"DIGB", u"DIGA"};
 
 bool IsDecimal(const QString& text)
