@@ -2,7 +2,8 @@
 
 build_packages=(g++ cmake ninja-build ccache nlohmann-json3-dev libcli11-dev
     qt6-base-dev qt6-tools-dev libqt6opengl6-dev fonts-dejavu-core)
-test_packages=(libgtest-dev libgmock-dev pkgconf)
+test_packages=(libgtest-dev libgmock-dev pkgconf
+    python3 python3-pytest python3-jsonschema python3-build python3-setuptools python3-wheel python3-venv mypy)
 clang_packages=(clang libclang-rt-dev)
 benchmark_packages=(libbenchmark-dev libpugixml-dev)
 
