@@ -41,9 +41,9 @@ struct Scanning {
     SilentDesk Desk;
     ControlState State;
     XmlDocument Document;
-    DocumentAccess Access{Document, State};
+    MappingObject Object{Document, State};
     DesignerViews Views;
-    ScriptScanner Scanner{Access, State, Views, Desk};
+    ScriptScanner Scanner{Object, State, Views, Desk};
 
     Scanning()
     {

@@ -80,6 +80,7 @@ public slots:
     void MappingObjectXML(const QString& StrXml);
     void MappingObjectXmlUtf8(const QByteArray& utf8);
     void SourceTables(const QString& i_SourceTables);
+    /// Save what they set, and may ask the user.
     void PreCondition(const QString& StrText);
     void MainQuery(const QString& StrText);
     void FieldMapping(const QString& StrRule);

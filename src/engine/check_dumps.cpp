@@ -9,8 +9,8 @@
 #include "engine/check_run.h"
 #include "engine/convert_for_target.h"
 #include "engine/guess.h"
-#include "engine/rule_mapping.h"
 #include "object/field_types.h"
+#include "object/rule_text.h"
 
 namespace rulemesh {
 

@@ -30,19 +30,19 @@ void DumpCopying::cmdCopyDump_Click()
         return refuse(u"Invalid Dump Number!", u"Copying Dumps", MessageIcon::Critical);
 
     const std::int16_t IntFrom = ToInt16(StrFrom);
-    const XmlNode source = document_.GetDumpNode(IntFrom);
+    const DumpRecord source = object_.Read().GetDumpNode(IntFrom);
     if (!source)
         return refuse(u"The entered dump number does not exists. ", u"Copy Dumps", MessageIcon::Exclamation);
 
-    const Text StrSourceTable = GetAttribute(source, u"TT");
-    const XmlNode target = TargetOfCopy(IntTo);
-    if (GetAttribute(target, u"TT").empty())
-        SetAttribute(target, u"TT", StrSourceTable);
-    if (!SameIgnoringCase(StrSourceTable, GetAttribute(target, u"TT")))
+    const Text StrSourceTable = source.Table();
+    const DumpRecord target = TargetOfCopy(IntTo);
+    if (target.Table().empty())
+        object_.SetDumpTable(target, StrSourceTable);
+    if (!SameIgnoringCase(StrSourceTable, target.Table()))
         return refuse(u"Dump " + StrFrom + u"  is associated with table: " + StrSourceTable +
                           u". So it is not possible to copy rules.",
                       u"Copying Dumps ", MessageIcon::Exclamation);
-    if (!source.hasChildNodes())
+    if (!source.HasRecords())
         return refuse(u"No rules found for dump " + StrFrom, u"Copying Dumps ..", MessageIcon::Exclamation);
 
     const MessageButton answer = platform_.ShowMessage(
@@ -55,25 +55,19 @@ void DumpCopying::cmdCopyDump_Click()
 }
 
 // A dump that has no element yet gets one, but the command fails all the same; the next try finds it.
-XmlNode DumpCopying::TargetOfCopy(std::int16_t IntTo)
+DumpRecord DumpCopying::TargetOfCopy(std::int16_t IntTo)
 {
-    const XmlNode target = document_.GetDumpNode(IntTo);
+    const DumpRecord target = object_.Read().GetDumpNode(IntTo);
     if (target)
         return target;
-    document_.CreateDumpNode(IntTo, u"");
+    object_.CreateDumpNode(IntTo, u"");
     throw Failure(FailureCode::ObjectVariableNotSet,
                   u"Dump " + PlainNumber(IntTo) + u" had no element DUMP to copy into; it has one now");
 }
 
-// A dump copied onto itself loses its rules before there is anything to copy.
-void DumpCopying::CopyRules(XmlNode source, XmlNode target, const Text& StrFrom, std::int16_t IntTo)
+void DumpCopying::CopyRules(const DumpRecord& source, const DumpRecord& target, const Text& StrFrom, std::int16_t IntTo)
 {
-    target.removeChildren();
-    bool copied = false;
-    for (XmlNode rule = source.firstChild(); rule; rule = rule.nextSibling()) {
-        target.appendChild(rule.cloneNode());
-        copied = true;
-    }
+    const bool copied = object_.CopyRules(source, target);
     shownDump_.ShowDump(IntTo);
     if (copied)
         platform_.ShowMessage(
@@ -93,8 +87,8 @@ void DumpCopying::cmdCopyToAllDumps_Click()
     shownDump_.SaveDumpRules(StrCurrent);
     preConditions_.SavePreCondition();
 
-    const XmlNode dump = RequireDump(document_.GetDumpNode(IntCurrent), IntCurrent);
-    Text StrTable = GetAttribute(dump, u"TT");
+    const DumpRecord dump = RequireDump(object_.Read().GetDumpNode(IntCurrent), IntCurrent);
+    Text StrTable = dump.Table();
     if (StrTable.empty())
         StrTable = state_.StrTargetTable;
     const int selected = views_.lstTargetFields.SelectedRow();
@@ -103,13 +97,13 @@ void DumpCopying::cmdCopyToAllDumps_Click()
     // The name is cut at the length of the table, and an index keeps its brackets: such a field is no valid path.
     const Text StrName = views_.lstTargetFields.TextAt(selected, TargetField::Name);
     const Text StrField = ToUpper(TextView(StrName).substr(std::min(StrTable.size() + 1, StrName.size())));
-    const XmlNode rule = dump.selectSingleNode(StrField);
+    const RuleRecord rule = dump.Rule(StrField);
     if (!rule) {
         platform_.ShowMessage(
             {.Text = u"The selected field is not populated.", .Title = Text(StrTitle), .Icon = MessageIcon::Notice});
         return;
     }
-    if (document_.Document().getElementsByTagName(u"DUMP").size() < 2) {
+    if (object_.Read().CountDumpElements() < 2) {
         platform_.ShowMessage(
             {.Text = u"Only one dump is present in this conversion object", .Icon = MessageIcon::Notice});
         return;
@@ -122,25 +116,9 @@ void DumpCopying::cmdCopyToAllDumps_Click()
          .Icon = MessageIcon::Question});
     if (answer == MessageButton::No)
         return;
-    SpreadRule(rule, StrField, StrTable, StrCurrent);
+    object_.SpreadRule(rule, StrField, StrTable, StrCurrent);
     platform_.ShowMessage(
         {.Text = u"Copy to all dumps completed.", .Title = Text(StrTitle), .Icon = MessageIcon::Notice});
-}
-
-void DumpCopying::SpreadRule(XmlNode rule, const Text& StrField, const Text& StrTable, const Text& StrCurrent)
-{
-    for (const XmlNode& dump : document_.Document().getElementsByTagName(u"DUMP")) {
-        const Text StrDumpTable = GetAttribute(dump, u"TT");
-        if (!StrDumpTable.empty() && !SameIgnoringCase(StrDumpTable, StrTable))
-            continue;
-        if (GetAttribute(dump, u"No") == StrCurrent)
-            continue;
-        const XmlNode former = dump.selectSingleNode(StrField);
-        if (former)
-            dump.replaceChild(rule.cloneNode(), former);
-        else
-            dump.appendChild(rule.cloneNode());
-    }
 }
 
 } // namespace rulemesh

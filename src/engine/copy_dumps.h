@@ -9,9 +9,9 @@ namespace rulemesh {
 /// for every dump of its table. Rule records are cloned, so that the rule, its note and its kind travel together.
 class DumpCopying {
 public:
-    DumpCopying(DocumentAccess& document, ControlState& state, DesignerViews& views, Platform& platform,
+    DumpCopying(MappingObject& object, ControlState& state, DesignerViews& views, Platform& platform,
                 ShownDump& shownDump, PreConditions& preConditions)
-        : document_(document), state_(state), views_(views), platform_(platform), shownDump_(shownDump),
+        : object_(object), state_(state), views_(views), platform_(platform), shownDump_(shownDump),
           preConditions_(preConditions)
     {
     }
@@ -23,11 +23,10 @@ public:
     void cmdCopyToAllDumps_Click();
 
 private:
-    [[nodiscard]] XmlNode TargetOfCopy(std::int16_t IntTo);
-    void CopyRules(XmlNode source, XmlNode target, const Text& StrFrom, std::int16_t IntTo);
-    void SpreadRule(XmlNode rule, const Text& StrField, const Text& StrTable, const Text& StrCurrent);
+    [[nodiscard]] DumpRecord TargetOfCopy(std::int16_t IntTo);
+    void CopyRules(const DumpRecord& source, const DumpRecord& target, const Text& StrFrom, std::int16_t IntTo);
 
-    DocumentAccess& document_;
+    MappingObject& object_;
     ControlState& state_;
     DesignerViews& views_;
     Platform& platform_;

@@ -7,35 +7,35 @@
 
 namespace rulemesh {
 
-XmlNode DumpLookup::GetTargetTableNode(std::int16_t IntDump)
+TableRecord DumpLookup::GetTargetTableNode(std::int16_t IntDump)
 {
     if (!state_.BoolMultiTarget || IntDump != 0)
-        return TableOfDump(IntDump);
+        return object_.TableOfDump(IntDump);
     const Text& StrTag = views_.CmbDump.Tag();
-    return TableOfDump(StrTag.empty() ? state_.IntDumpNumbers.front() : ToInt16(StrTag));
+    return object_.TableOfDump(StrTag.empty() ? state_.IntDumpNumbers.front() : ToInt16(StrTag));
 }
 
 std::int16_t DumpLookup::GetFieldNumber(TextView StrField)
 {
-    const XmlNode table = GetTargetTableNode(0);
+    const TableRecord table = GetTargetTableNode(0);
     const Text StrName = ToUpper(FieldNodeName(StrField));
     if (!table)
         throw Failure(FailureCode::ObjectVariableNotSet,
                       u"The object describes no target table in which to look for the field " + Quoted(StrName));
-    const XmlNode field = table.selectSingleNode(StrName);
+    const FieldRecord field = table.Field(StrName);
     if (!field)
         throw Failure(FailureCode::ObjectVariableNotSet,
-                      u"The target table " + table.baseName() + u" has no field " + Quoted(StrName));
-    const Text StrNumber = GetAttribute(field, u"No");
+                      u"The target table " + table.Name() + u" has no field " + Quoted(StrName));
+    const Text StrNumber = field.Number().value_or(Text());
     return IsNumeric(StrNumber) ? ToInt16(StrNumber) : std::int16_t{0};
 }
 
 bool DumpLookup::DumpHasRules() const
 {
     const std::int16_t IntDump = ToInt16(std::int64_t{views_.CmbDump.ItemData()});
-    const XmlNode dump = RequireDump(document_.GetDumpNode(IntDump), IntDump);
-    for (XmlNode rule = dump.firstChild(); rule; rule = rule.nextSibling()) {
-        if (!rule.text().empty() || !GetAttribute(rule, u"TEXT").empty())
+    const DumpRecord dump = RequireDump(object_.Read().GetDumpNode(IntDump), IntDump);
+    for (const RuleRecord rule : dump.Rules()) {
+        if (rule.HasContent())
             return true;
     }
     return false;

@@ -2,22 +2,22 @@
 
 #include <cstdint>
 
-#include "object/dump_records.h"
+#include "object/mapping_object.h"
 #include "views/designer_views.h"
 
 namespace rulemesh {
 
-/// The dumps of the object that is shown: the records of its document, and what the views say about them.
-class DumpLookup : public DumpRecords {
+/// Answers what depends on the dump that the views show: its table, the numbers of its fields, whether it has rules.
+class DumpLookup {
 public:
-    DumpLookup(DocumentAccess& document, ControlState& state, DesignerViews& views)
-        : DumpRecords(document, state), views_(views)
+    DumpLookup(MappingObject& object, ControlState& state, DesignerViews& views)
+        : object_(object), state_(state), views_(views)
     {
     }
 
-    /// The catalogue's element of the table that a dump fills, or null; 0 means the dump that is shown. In a
-    /// single-target object it is always that of StrTargetTable.
-    [[nodiscard]] XmlNode GetTargetTableNode(std::int16_t IntDump);
+    /// The catalogue's table that a dump fills, or null; 0 means the dump that is shown. In a single-target object it
+    /// is always that of StrTargetTable. Writes what GetDumpTargetTable writes.
+    [[nodiscard]] TableRecord GetTargetTableNode(std::int16_t IntDump);
 
     /// The attribute No of a field, given by its display name, in the table of the dump that is shown; 0 when it isn't
     /// numeric. Raises ObjectVariableNotSet when there is no such field.
@@ -27,6 +27,8 @@ public:
     [[nodiscard]] bool DumpHasRules() const;
 
 private:
+    MappingObject& object_;
+    ControlState& state_;
     DesignerViews& views_;
 };
 

@@ -19,20 +19,20 @@ constexpr auto ColumnAttributes = [] {
     return names;
 }();
 
-void FillFields(ListView& list, XmlNode table, FieldList which)
+void FillFields(ListView& list, const TableRecord& table, FieldList which)
 {
     if (!table)
         return;
-    const Text StrTable = table.baseName();
-    for (XmlNode field = table.firstChild(); field; field = field.nextSibling())
+    const Text StrTable = table.Name();
+    for (const FieldRecord field : table.Fields())
         list.Add(FieldTexts(which, StrTable, field));
 }
 
 } // namespace
 
-std::vector<Text> FieldTexts(FieldList list, TextView StrTable, XmlNode field)
+std::vector<Text> FieldTexts(FieldList list, TextView StrTable, const FieldRecord& field)
 {
-    std::vector<Text> values = field.getNamedItems(ColumnAttributes);
+    std::vector<Text> values = field.Attributes(ColumnAttributes);
     std::vector<Text> texts;
     texts.reserve(values.size());
     Text StrLength;
@@ -50,10 +50,10 @@ std::vector<Text> FieldTexts(FieldList list, TextView StrTable, XmlNode field)
             StrValue = FieldNumberText(StrValue);
             break;
         case FieldText::Name:
-            StrValue = QualifiedName(StrTable, field.baseName());
+            StrValue = QualifiedName(StrTable, field.Name());
             break;
         case FieldText::Type:
-            StrValue = DecodeFieldType(field, StrLength);
+            StrValue = field.Type(StrLength);
             break;
         case FieldText::Length:
             StrValue = StrLength;
@@ -72,8 +72,8 @@ std::vector<Text> FieldTexts(FieldList list, TextView StrTable, XmlNode field)
     return texts;
 }
 
-void FillSourceFields(ListView& list, XmlNode table) { FillFields(list, table, FieldList::Source); }
+void FillSourceFields(ListView& list, const TableRecord& table) { FillFields(list, table, FieldList::Source); }
 
-void FillTargetFields(ListView& list, XmlNode table) { FillFields(list, table, FieldList::Target); }
+void FillTargetFields(ListView& list, const TableRecord& table) { FillFields(list, table, FieldList::Target); }
 
 } // namespace rulemesh

@@ -47,22 +47,22 @@ bool DumpRetargeting::UserGivesUpRules(std::int16_t IntDump, const Text& StrNewT
 // The description of the former table stays. Unsaved edits in the grid go with the rules.
 void DumpRetargeting::AssignTable(std::int16_t IntDump, const Text& StrTable)
 {
-    const XmlNode dump = RequireDump(document_.GetDumpNode(IntDump), IntDump);
-    SetAttribute(dump, u"TT", StrTable);
-    dump.removeChildren();
+    const DumpRecord dump = RequireDump(object_.Read().GetDumpNode(IntDump), IntDump);
+    object_.SetDumpTable(dump, StrTable);
+    object_.RemoveRules(dump);
     AppendDefaultRule(dump, StrTable);
     views_.LBLTargetTableName.Caption(StrTable);
     shownDump_.ShowDump(IntDump);
 }
 
-void DumpRetargeting::AppendDefaultRule(XmlNode dump, const Text& StrTable)
+void DumpRetargeting::AppendDefaultRule(const DumpRecord& dump, const Text& StrTable)
 {
-    const XmlNode table = lookup_.CatalogueTable(StrTable);
+    const TableRecord table = object_.Read().TargetTable(StrTable);
     if (!table)
         throw Failure(FailureCode::ObjectVariableNotSet, u"The object describes no target table " + Quoted(StrTable));
-    const XmlNode firstField = table.firstChild();
-    if (firstField)
-        lookup_.AppendRule(dump, firstField.baseName(), u"default()");
+    const RecordRange<FieldRecord> fields = table.Fields();
+    if (fields.begin() != fields.end())
+        object_.AppendRule(dump, (*fields.begin()).Name(), u"default()");
 }
 
 } // namespace rulemesh

@@ -9,10 +9,9 @@ namespace rulemesh {
 /// they go.
 class DumpRetargeting {
 public:
-    DumpRetargeting(DocumentAccess& document, DesignerViews& views, Platform& platform, DumpLookup& lookup,
+    DumpRetargeting(MappingObject& object, DesignerViews& views, Platform& platform, DumpLookup& lookup,
                     ShownDump& shownDump, TargetChooser& chooser)
-        : document_(document), views_(views), platform_(platform), lookup_(lookup), shownDump_(shownDump),
-          chooser_(chooser)
+        : object_(object), views_(views), platform_(platform), lookup_(lookup), shownDump_(shownDump), chooser_(chooser)
     {
     }
 
@@ -23,13 +22,13 @@ public:
 
     /// Puts the one rule that a dump with a new table starts with, `default()`, into the table's first field. Raises
     /// ObjectVariableNotSet when the catalogue lacks the table.
-    void AppendDefaultRule(XmlNode dump, const Text& StrTable);
+    void AppendDefaultRule(const DumpRecord& dump, const Text& StrTable);
 
 private:
     [[nodiscard]] bool UserGivesUpRules(std::int16_t IntDump, const Text& StrNewTable);
     void AssignTable(std::int16_t IntDump, const Text& StrTable);
 
-    DocumentAccess& document_;
+    MappingObject& object_;
     DesignerViews& views_;
     Platform& platform_;
     DumpLookup& lookup_;

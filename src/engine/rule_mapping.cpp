@@ -9,11 +9,10 @@
 #include "engine/convert_for_target.h"
 #include "engine/guess.h"
 #include "object/names.h"
+#include "object/rule_text.h"
 #include "views/field_columns.h"
 
 namespace rulemesh {
-
-bool IsBlankRule(TextView StrRule) { return TrimBlanks(StrRule).find_first_not_of(u'\t') == TextView::npos; }
 
 void RuleMapping::SetRuleIfEmpty(TextView StrField, const Text& StrRule)
 {

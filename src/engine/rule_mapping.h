@@ -31,7 +31,4 @@ private:
     ShownDump& shownDump_;
 };
 
-/// Blanks cut from both ends and then tabs dropped leave nothing. Blanks between tabs do not count as blank.
-[[nodiscard]] bool IsBlankRule(TextView StrRule);
-
 } // namespace rulemesh

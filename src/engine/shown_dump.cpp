@@ -5,13 +5,11 @@
 #include "base/numbers.h"
 #include "engine/field_rows.h"
 #include "object/names.h"
+#include "object/rule_text.h"
 
 namespace rulemesh {
 
 namespace {
-
-// A rule cell that no rule ever reached holds one blank, not "".
-constexpr TextView UntouchedRule = u" ";
 
 RuleTexts RulesOf(const Grid& grid)
 {
@@ -26,7 +24,7 @@ RuleTexts RulesOf(const Grid& grid)
 
 void ShownDump::RefreshTargetList()
 {
-    const XmlNode table = lookup_.GetTargetTableNode(0);
+    const TableRecord table = lookup_.GetTargetTableNode(0);
     views_.lstTargetFields.Clear();
     FillTargetFields(views_.lstTargetFields, table);
 }
@@ -38,12 +36,12 @@ void ShownDump::ShowDump(std::int16_t IntDump)
         RefreshTargetFields();
     } else {
         if (views_.RulesGrid.Rows() < 2) {
-            const XmlNode table = lookup_.GetTargetTableNode(0);
+            const TableRecord table = lookup_.GetTargetTableNode(0);
             if (!table) {
                 views_.CmbDump.Tag(TwoDigitNumber(IntDump));
                 return;
             }
-            BuildRuleRows(ToLower(table.baseName()));
+            BuildRuleRows(ToLower(table.Name()));
         }
         LoadDumpRules(IntDump);
     }
@@ -56,20 +54,19 @@ void ShownDump::ShowSourceFields()
     for (int row = 1; row <= views_.lstSourceTables.Count(); ++row) {
         const Text StrTable = views_.lstSourceTables.TextAt(row, 0);
         if (!StrTable.empty())
-            FillSourceFields(views_.lstSourceFields,
-                             document_.GetNode(document_.RootPath(u"SRCTAB/" + ToUpper(StrTable))));
+            FillSourceFields(views_.lstSourceFields, object_.Read().SourceTable(StrTable));
     }
 }
 
 void ShownDump::BuildRuleRows(const Text& StrTable)
 {
-    const XmlNode table = lookup_.CatalogueTable(StrTable);
+    const TableRecord table = object_.Read().TargetTable(StrTable);
     if (!table)
         return;
     views_.RulesGrid.ClearRows();
     views_.CmbDump.ToolTip(CommentOf(LeadingNumber(views_.CmbDump.Text())));
-    for (XmlNode field = table.firstChild(); field; field = field.nextSibling())
-        views_.RulesGrid.AddItem({QualifiedName(table.baseName(), field.baseName()), Text(UntouchedRule)});
+    for (const FieldRecord field : table.Fields())
+        views_.RulesGrid.AddItem({QualifiedName(table.Name(), field.Name()), Text(UntouchedRule)});
 }
 
 void ShownDump::LoadDumpRules(std::int16_t IntDump)
@@ -82,16 +79,15 @@ void ShownDump::LoadDumpRules(std::int16_t IntDump)
             ShowSelectedDumpInCaption();
         return;
     }
-    const XmlNode table = lookup_.GetTargetTableNode(0);
+    const TableRecord table = lookup_.GetTargetTableNode(0);
     ShowDumpTarget(PlainNumber(IntDump));
     if (!table) {
         views_.CmbDump.Tag(TwoDigitNumber(IntDump));
         return;
     }
-    for (XmlNode field = table.firstChild(); field; field = field.nextSibling()) {
-        const std::int16_t row =
-            DumpRecords::RowOf(field); // a faulty number fails before the read of the rule makes a dump
-        const Text StrRule = document_.GetRuleText(IntDump, field.baseName());
+    for (const FieldRecord field : table.Fields()) {
+        const std::int16_t row = field.Row(); // a faulty number fails before the read of the rule makes a dump
+        const Text StrRule = object_.GetRuleText(IntDump, field.Name());
         grid.TextMatrix(row, 1, StrRule);
     }
     grid.TopRow(0);
@@ -115,11 +111,9 @@ Text ShownDump::CommentOf(std::int16_t IntDump) const
 
 void ShownDump::SaveDumpRules(const Text& StrDump)
 {
-    if (StrDump.empty() || StrDump == u"0")
-        return;
-    const XmlNode dump = lookup_.DumpToFill(ToInt16(StrDump), [this] { return AskForTargetTable(); });
-    if (const XmlNode table = lookup_.GetTargetTableNode(0))
-        lookup_.SaveRules(dump, table, RulesOf(views_.RulesGrid));
+    object_.SaveDumpRules(StrDump, {.AskForTable = [this] { return AskForTargetTable(); },
+                                    .Table = [this] { return lookup_.GetTargetTableNode(0); },
+                                    .Rules = [this] { return RulesOf(views_.RulesGrid); }});
 }
 
 // The message does not stop the save: the dump keeps an empty table until somebody chooses one.
@@ -138,12 +132,12 @@ void ShownDump::RefreshTargetFields()
 {
     if (!state_.BoolMultiTarget)
         return;
-    const XmlNode table = lookup_.GetTargetTableNode(0);
+    const TableRecord table = lookup_.GetTargetTableNode(0);
     views_.lstTargetFields.Clear();
     if (!table)
         return;
     FillTargetFields(views_.lstTargetFields, table);
-    const Text StrTable = table.baseName();
+    const Text StrTable = table.Name();
     BuildRuleRows(ToLower(StrTable));
     if (!views_.CmbDump.Tag().empty())
         LoadDumpRules(ToInt16(views_.CmbDump.Tag()));
@@ -158,10 +152,10 @@ void ShownDump::RefreshTargetFields()
 
 void ShownDump::ShowDumpTarget(const Text& StrDump)
 {
-    const Text StrTable = lookup_.GetDumpTargetTable(ToInt16(views_.CmbDump.Tag()));
+    const Text StrTable = object_.GetDumpTargetTable(ToInt16(views_.CmbDump.Tag()));
     if (StrTable.empty())
         return;
-    const Text StrDescription = lookup_.GetDumpTargetDescription(ToInt16(StrDump));
+    const Text StrDescription = object_.Read().GetDumpTargetDescription(ToInt16(StrDump));
     views_.LBLTargetTableName.Caption(StrTable);
     views_.lblTargetTableDescription.Caption(StrDescription);
     const std::vector<ComboBox::Entry>& entries = views_.CmbTargetTable.Entries();
@@ -179,9 +173,9 @@ void ShownDump::LeaveShownDump(Labels labels)
     if (!views_.lblTargetTable.Visible())
         return;
     const std::int16_t IntDump = SelectedDump();
-    views_.LBLTargetTableName.Caption(lookup_.GetDumpTargetTable(IntDump));
+    views_.LBLTargetTableName.Caption(object_.GetDumpTargetTable(IntDump));
     if (labels == Labels::TableAndDescription)
-        views_.lblTargetTableDescription.Caption(lookup_.GetDumpTargetDescription(IntDump));
+        views_.lblTargetTableDescription.Caption(object_.Read().GetDumpTargetDescription(IntDump));
 }
 
 void ShownDump::CmbDump_Click()

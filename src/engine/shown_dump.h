@@ -12,9 +12,8 @@ namespace rulemesh {
 /// belongs; a change of dump saves the old one first.
 class ShownDump {
 public:
-    ShownDump(DocumentAccess& document, ControlState& state, DesignerViews& views, Platform& platform,
-              DumpLookup& lookup)
-        : document_(document), state_(state), views_(views), platform_(platform), lookup_(lookup)
+    ShownDump(MappingObject& object, ControlState& state, DesignerViews& views, Platform& platform, DumpLookup& lookup)
+        : object_(object), state_(state), views_(views), platform_(platform), lookup_(lookup)
     {
     }
 
@@ -56,7 +55,7 @@ private:
     [[nodiscard]] Text AskForTargetTable();
     [[nodiscard]] Text CommentOf(std::int16_t IntDump) const;
 
-    DocumentAccess& document_;
+    MappingObject& object_;
     ControlState& state_;
     DesignerViews& views_;
     Platform& platform_;

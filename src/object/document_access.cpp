@@ -28,55 +28,12 @@ Text DocumentAccess::GetNodeText(const Text& StrPath, TextView StrKeyName, TextV
     return node ? node.text() : Text();
 }
 
-bool DocumentAccess::SetNodeText(const Text& StrPath, TextView StrText, TextView StrKeyName, TextView StrKeyValue) const
-{
-    const XmlNode node = GetNode(StrPath, StrKeyName, StrKeyValue);
-    if (node)
-        node.text(StrText);
-    return static_cast<bool>(node);
-}
-
 void DocumentAccess::RecordError(int IntCode, const Text& StrText, int IntDefaultCode, const Text& StrDefaultText) const
 {
     if (state_.IntErrorCode != 0)
         return;
     state_.IntErrorCode = static_cast<std::int16_t>(IntCode != 0 ? IntCode : IntDefaultCode);
     state_.StrErrorText = IntCode != 0 ? StrText : StrDefaultText;
-}
-
-bool DocumentAccess::SetRootChildText(TextView StrName, TextView StrText) const
-{
-    XmlNode node = GetNode(RootPath(StrName));
-    if (!node)
-        node = AppendChild(XmlDocument_, XmlDocument_.firstChild(), StrName);
-    if (!node)
-        throw Failure(FailureCode::ObjectVariableNotSet, Text(StrName) + u" can't be stored: the object is empty");
-    node.text(StrText);
-    return true;
-}
-
-XmlNode DocumentAccess::GetDumpNode(std::int16_t IntDump) const
-{
-    return GetNode(RootPath(u"DUMP"), u"No", PlainNumber(IntDump));
-}
-
-XmlNode DocumentAccess::CreateDumpNode(std::int16_t IntDump, TextView StrText) const
-{
-    const XmlNode dump = AppendChild(XmlDocument_, XmlDocument_.firstChild(), u"DUMP", u"No", PlainNumber(IntDump));
-    SetAttribute(dump, u"TXT", StrText);
-    return dump;
-}
-
-Text DocumentAccess::GetRuleText(std::int16_t IntDump, TextView StrField) const
-{
-    const XmlNode dump = GetDumpNode(IntDump);
-    if (dump) {
-        const XmlNode rule = dump.selectSingleNode(ToUpper(StrField));
-        return rule ? rule.text() : Text();
-    }
-    if (IntDump > 0)
-        AppendChild(XmlDocument_, XmlDocument_.firstChild(), u"DUMP", u"No", PlainNumber(IntDump));
-    return {};
 }
 
 Text GetAttribute(XmlNode Node, TextView StrName) { return Node.getNamedItem(StrName).value_or(Text()); }

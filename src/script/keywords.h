@@ -12,8 +12,8 @@ namespace rulemesh {
 inline constexpr TextView DumpKeyword = u"dump";
 inline constexpr TextView MigrateKeyword = u"migrate";
 
-/// Dump numbers are below this one.
-inline constexpr std::int16_t DumpNumberLimit = 1000;
+/// The greatest number that a dump can have.
+inline constexpr std::int16_t LastDumpNumber = 999;
 
 /// The longest precondition in which migrate statements are found, in characters.
 inline constexpr std::size_t PreconditionLimit = 32767;

@@ -8,7 +8,7 @@ namespace rulemesh {
 
 void MainQueries::ShowMigrateQuery(const Text& StrTable)
 {
-    views_.txtMainQuery.Text(StrTable.empty() ? Text() : DecodeEntities(document_.GetQueryText(StrTable)));
+    views_.txtMainQuery.Text(StrTable.empty() ? Text() : DecodeEntities(object_.Read().GetQueryText(StrTable)));
     views_.txtMainQuery.Tag(StrTable);
     if (!state_.BoolEdit)
         views_.CmdMQDoc.Enabled(HasMainQueryNote());
@@ -19,24 +19,8 @@ bool MainQueries::HasMainQueryNote() const
     const Text& StrTable = views_.txtMainQuery.Tag();
     if (TrimBlanks(StrTable).empty())
         return false;
-    const XmlNode query = document_.GetNode(document_.RootPath(u"QUERY"), u"ST", StrTable);
-    return query && !GetAttribute(query, u"TEXT").empty();
-}
-
-bool StoreQuery(const DocumentAccess& document, TextView StrTable, TextView StrText)
-{
-    if (StrText.empty())
-        return false;
-    try {
-        XmlNode query = document.GetNode(document.RootPath(u"QUERY"), u"ST", StrTable);
-        if (!query)
-            query = AppendChild(document.Document(), document.Document().firstChild(), u"QUERY", u"ST", StrTable);
-        query.text(StrText);
-        return true;
-    } catch (const Failure& failure) {
-        document.RecordError(failure.Number(), failure.Description() + u" in Saving Query", 0, u"");
-        return false;
-    }
+    const ScriptRecord query = object_.Read().Query(StrTable);
+    return query && !query.Note().empty();
 }
 
 // The dumps are read from the stored scripts before and after the write, so that comparing them parses no box.
@@ -55,12 +39,12 @@ void MainQueries::SaveMainQuery()
 void MainQueries::CollectDumps(std::vector<std::int16_t>& IntNumbers, std::vector<Text>& StrTexts)
 {
     IntNumbers = {0}; // the texts stay until a dump takes their place
-    scanner_.ScanDumpKeywords(document_.GetPreconditionText(), IntNumbers, StrTexts);
-    scanner_.ScanDumpKeywords(document_.GetFunctionsText(), IntNumbers, StrTexts);
+    scanner_.ScanDumpKeywords(object_.Read().GetPreconditionText(), IntNumbers, StrTexts);
+    scanner_.ScanDumpKeywords(object_.Read().GetFunctionsText(), IntNumbers, StrTexts);
     state_.DumpSourceTables.clear();
     IndexDumps(IntNumbers, u"", StrTexts);
     for (const Text& StrTable : state_.StrMigrateTables) {
-        scanner_.ScanDumpKeywords(document_.GetQueryText(StrTable), IntNumbers, StrTexts);
+        scanner_.ScanDumpKeywords(object_.Read().GetQueryText(StrTable), IntNumbers, StrTexts);
         IndexDumps(IntNumbers, StrTable, StrTexts);
     }
 }
@@ -93,7 +77,7 @@ void MainQueries::lstMigrateSource_ItemClick(int row)
     if (!box.Tag().empty())
         SaveQuery(box.Tag(), box.Text());
     const Text StrTable(TrimBlanks(TextView(StrRow).substr(FindIgnoringCase(StrRow, StrPrefix) + StrPrefix.size())));
-    box.Text(DecodeEntities(document_.GetQueryText(StrTable)));
+    box.Text(DecodeEntities(object_.Read().GetQueryText(StrTable)));
     box.Tag(StrTable);
 }
 

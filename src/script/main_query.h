@@ -8,25 +8,22 @@
 
 namespace rulemesh {
 
-/// Stores the script of a table. False when nothing was written: an empty script never is, and a failure is recorded as
-/// an error.
-bool StoreQuery(const DocumentAccess& document, TextView StrTable, TextView StrText);
-
 /// The main queries: one script for each migrate table, shown one at a time in txtMainQuery, whose tag names the table.
 /// The scripts decide which dumps exist; a save compares the dumps before and after it and guards against their loss.
 class MainQueries {
 public:
-    MainQueries(DocumentAccess& document, ControlState& state, DesignerViews& views, Platform& platform,
+    MainQueries(MappingObject& object, ControlState& state, DesignerViews& views, Platform& platform,
                 ControlEvents& events, ScriptScanner& scanner)
-        : document_(document), state_(state), views_(views), platform_(platform), events_(events), scanner_(scanner)
+        : object_(object), state_(state), views_(views), platform_(platform), events_(events), scanner_(scanner)
     {
     }
 
     /// Shows the script of a table; "" empties the box.
     void ShowMigrateQuery(const Text& StrTable);
 
-    /// Stores the script of a table, as StoreQuery does.
-    bool SaveQuery(TextView StrTable, TextView StrText) { return StoreQuery(document_, StrTable, StrText); }
+    /// Stores the script of a table. False when nothing was written: an empty script never is, and a failure is
+    /// recorded as an error.
+    bool SaveQuery(TextView StrTable, TextView StrText) { return object_.SetQuery(StrTable, StrText); }
 
     /// The full save of the script in the box, with the warnings about lost dumps.
     void SaveMainQuery();
@@ -37,7 +34,8 @@ public:
     /// Whether the query of the table in the box has a note.
     [[nodiscard]] bool HasMainQueryNote() const;
 
-    /// The property MainQuery.
+    /// The property MainQuery. Setting it is a full save, as SaveMainQuery: it may show messages and ask for lost
+    /// dumps.
     void MainQuery(const Text& StrText);
 
     void lstMigrateSource_ItemClick(int row);
@@ -49,7 +47,7 @@ private:
     void IndexDumps(const std::vector<std::int16_t>& IntNumbers, const Text& StrTable,
                     const std::vector<Text>& StrTexts);
 
-    DocumentAccess& document_;
+    MappingObject& object_;
     ControlState& state_;
     DesignerViews& views_;
     Platform& platform_;

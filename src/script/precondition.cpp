@@ -12,7 +12,7 @@ namespace rulemesh {
 
 void PreConditions::ShowPreCondition()
 {
-    views_.txtPreCondition.Text(DecodeEntities(document_.GetPreconditionText()));
+    views_.txtPreCondition.Text(DecodeEntities(object_.Read().GetPreconditionText()));
     RefreshNoteButton();
 }
 
@@ -24,8 +24,8 @@ void PreConditions::RefreshNoteButton()
 
 bool PreConditions::HasPreConditionNote() const
 {
-    const XmlNode precondition = document_.GetNode(document_.RootPath(u"PREC"));
-    return precondition && !GetAttribute(precondition, u"TEXT").empty();
+    const ScriptRecord precondition = object_.Read().Precondition();
+    return precondition && !precondition.Note().empty();
 }
 
 // The tables are worked out by parsing the stored text and then the box, so complaints come for both.
@@ -34,11 +34,11 @@ void PreConditions::SavePreCondition()
     SyntaxBox& box = views_.txtPreCondition;
     state_.StrPriorMigrateTables = {u""};
     state_.StrNewMigrateTables = {u""};
-    const XmlNode node = document_.GetNode(document_.RootPath(u"PREC"));
-    if (!node)
+    const ScriptRecord stored = object_.Read().Precondition();
+    if (!stored)
         throw Failure(FailureCode::ObjectVariableNotSet,
                       u"The object has no element PREC under a root named " + Quoted(state_.StrTargetTable));
-    const Text StrStored = node.text();
+    const Text StrStored = stored.Script();
     scanner_.ParseMigrateKeywords(StrStored);
     state_.StrPriorMigrateTables = state_.StrMigrateTables;
     const std::shared_ptr<const Text> StrShown = box.SharedText(); // a complaint may let the host set another one
@@ -54,11 +54,11 @@ void PreConditions::SavePreCondition()
                                    .Icon = MessageIcon::Notice});
         if (answer == MessageButton::Cancel) {
             box.Text(StrStored);
-            node.text(box.Text());
+            object_.SetScript(stored, box.Text());
             AnalysePreCondition(); // and once more below: what it has to say comes twice
         }
     }
-    node.text(box.Text());
+    object_.SetScript(stored, box.Text());
     AnalysePreCondition();
 }
 
@@ -75,7 +75,7 @@ bool PreConditions::MigrateStatementsLost() const
 void PreConditions::AnalysePreCondition()
 {
     state_.StrMigrateTables = {u""};
-    scanner_.ParseMigrateKeywords(document_.GetPreconditionText());
+    scanner_.ParseMigrateKeywords(object_.Read().GetPreconditionText());
     if (TrimBlanks(state_.StrMigrateTables.front()).empty()) {
         queries_.ShowMigrateQuery(u"");
         scanner_.FillMigrateList();
@@ -104,9 +104,8 @@ bool PreConditions::AddFirstUnknownTable()
 
 bool PreConditions::CatalogueHasMigrateTables() const
 {
-    return std::all_of(state_.StrMigrateTables.begin(), state_.StrMigrateTables.end(), [&](const Text& StrTable) {
-        return static_cast<bool>(document_.GetNode(document_.RootPath(u"SRCTAB/" + ToUpper(StrTable))));
-    });
+    return std::all_of(state_.StrMigrateTables.begin(), state_.StrMigrateTables.end(),
+                       [&](const Text& StrTable) { return static_cast<bool>(object_.Read().SourceTable(StrTable)); });
 }
 
 void PreConditions::PreCondition(const Text& StrText)
@@ -123,8 +122,8 @@ void PreConditions::txtPreCondition_KeyDown(std::int16_t& KeyCode, std::int16_t 
 
 void PreConditions::CmdBuildPre_Click()
 {
-    const Text StrPreCondition = document_.GetPreconditionText();
-    const Text StrSourceTables = document_.GetSourceTablesText();
+    const Text StrPreCondition = object_.Read().GetPreconditionText();
+    const Text StrSourceTables = object_.Read().GetSourceTablesText();
     events_.ShowConditionBuilderPopUp(StrPreCondition, StrSourceTables);
 }
 

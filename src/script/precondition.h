@@ -9,9 +9,9 @@ namespace rulemesh {
 /// rules tab can be opened.
 class PreConditions {
 public:
-    PreConditions(DocumentAccess& document, ControlState& state, DesignerViews& views, Platform& platform,
+    PreConditions(MappingObject& object, ControlState& state, DesignerViews& views, Platform& platform,
                   ControlEvents& events, ScriptScanner& scanner, MainQueries& queries, SourceTableList& sourceTables)
-        : document_(document), state_(state), views_(views), platform_(platform), events_(events), scanner_(scanner),
+        : object_(object), state_(state), views_(views), platform_(platform), events_(events), scanner_(scanner),
           queries_(queries), sourceTables_(sourceTables)
     {
     }
@@ -29,7 +29,7 @@ public:
 
     [[nodiscard]] bool HasPreConditionNote() const;
 
-    /// The property PreCondition.
+    /// The property PreCondition. Setting it is a save, as SavePreCondition: it may ask, and raises what that raises.
     void PreCondition(const Text& StrText);
 
     void txtPreCondition_GotFocus() { RefreshNoteButton(); }
@@ -42,7 +42,7 @@ private:
     [[nodiscard]] bool AddFirstUnknownTable();
     [[nodiscard]] bool CatalogueHasMigrateTables() const;
 
-    DocumentAccess& document_;
+    MappingObject& object_;
     ControlState& state_;
     DesignerViews& views_;
     Platform& platform_;

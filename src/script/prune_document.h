@@ -8,8 +8,8 @@ namespace rulemesh {
 /// go, dumps that a script names are made, and dumps that none names go with all their rules.
 class DocumentPruning {
 public:
-    DocumentPruning(DocumentAccess& document, ControlState& state, ScriptScanner& scanner, MainQueries& queries)
-        : document_(document), state_(state), scanner_(scanner), queries_(queries)
+    DocumentPruning(MappingObject& object, ControlState& state, ScriptScanner& scanner, MainQueries& queries)
+        : object_(object), state_(state), scanner_(scanner), queries_(queries)
     {
     }
 
@@ -19,7 +19,7 @@ private:
     void PruneQueries();
     void SyncDumps();
 
-    DocumentAccess& document_;
+    MappingObject& object_;
     ControlState& state_;
     ScriptScanner& scanner_;
     MainQueries& queries_;

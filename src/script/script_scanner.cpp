@@ -31,10 +31,10 @@ void ScriptScanner::Complain(const Statement& dump)
     else if (dump.Fault == StatementFault::NumberPast16Bits)
         Telling([] { return u"The number of a dump statement"; }, [&] { return ToInt16(dump.Word); });
     else if (dump.Fault == StatementFault::WordTooLong)
-        document_.RecordError(static_cast<int>(FailureCode::Overflow),
-                              u"The word that begins with \"" + Text(dump.Word.substr(0, 20)) +
-                                  u"\" is longer than 32767 characters",
-                              2002, u"Error Getting the NextWord");
+        object_.Read().RecordError(static_cast<int>(FailureCode::Overflow),
+                                   u"The word that begins with \"" + Text(dump.Word.substr(0, 20)) +
+                                       u"\" is longer than 32767 characters",
+                                   2002, u"Error Getting the NextWord");
 }
 
 bool ScriptScanner::RegisterDump(std::int16_t IntDump, std::vector<std::int16_t>& IntNumbers, const Text& StrText,
@@ -53,8 +53,7 @@ bool ScriptScanner::RegisterDump(std::int16_t IntDump, std::vector<std::int16_t>
         StrTexts.resize(IntNumbers.size()); // texts of an earlier scan may stand behind the list's end until now
         StrTexts.back() = StrText;
     }
-    if (!document_.GetDumpNode(IntDump))
-        document_.CreateDumpNode(IntDump, StrText);
+    object_.EnsureDump(IntDump, StrText);
     return true;
 }
 
@@ -68,7 +67,7 @@ bool ScriptScanner::ParseMigrateKeywords(TextView StrText)
         FillMigrateList();
         return true;
     } catch (const Failure& failure) {
-        document_.RecordError(failure.Number(), failure.Description(), 2002, u"Error Parsing the Migrate Keyword");
+        object_.Read().RecordError(failure.Number(), failure.Description(), 2002, u"Error Parsing the Migrate Keyword");
         return false;
     }
 }

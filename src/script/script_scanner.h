@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "object/document_access.h"
+#include "object/mapping_object.h"
 #include "platform/platform.h"
 #include "script/statements.h"
 #include "views/designer_views.h"
@@ -14,8 +14,8 @@ namespace rulemesh {
 /// Complaints are shown to the user each time that a script is scanned.
 class ScriptScanner {
 public:
-    ScriptScanner(DocumentAccess& document, ControlState& state, DesignerViews& views, Platform& platform)
-        : document_(document), state_(state), views_(views), platform_(platform)
+    ScriptScanner(MappingObject& object, ControlState& state, DesignerViews& views, Platform& platform)
+        : object_(object), state_(state), views_(views), platform_(platform)
     {
     }
 
@@ -38,7 +38,7 @@ private:
     void RefuseTable(const Text& StrText);
     void Complain(const Statement& dump);
 
-    DocumentAccess& document_;
+    MappingObject& object_;
     ControlState& state_;
     DesignerViews& views_;
     Platform& platform_;

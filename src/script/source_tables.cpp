@@ -34,9 +34,9 @@ void SourceTableList::RefreshSourceTables()
     else
         AddMissingParts();
 
-    const XmlNode element = FindOrAddElement();
+    const ScriptRecord element = object_.EnsureSourceTables();
     if (views_.lstSourceTables.Count() > 0)
-        element.text(JoinRows(views_.lstSourceTables));
+        object_.SetScript(element, JoinRows(views_.lstSourceTables));
 
     views_.lstSourceFields.Sorted(true);
     views_.lstSourceFields.SortOrder(ListView::Order::Ascending);
@@ -45,7 +45,7 @@ void SourceTableList::RefreshSourceTables()
 
 void SourceTableList::AddAllParts()
 {
-    for (const Text& part : Split(document_.GetSourceTablesText(), u','))
+    for (const Text& part : Split(object_.Read().GetSourceTablesText(), u','))
         views_.lstSourceTables.Add({WithoutLineEnds(part)});
 }
 
@@ -55,27 +55,19 @@ void SourceTableList::AddMissingParts()
     std::unordered_set<Text> known;
     for (int row = 1; row <= list.Count(); ++row)
         known.insert(list.TextAt(row, 0));
-    for (const Text& part : Split(document_.GetSourceTablesText(), u',')) {
+    for (const Text& part : Split(object_.Read().GetSourceTablesText(), u',')) {
         const Text StrClean = WithoutLineEnds(part);
         if (!TrimBlanks(StrClean).empty() && known.insert(StrClean).second)
             list.Add({StrClean});
     }
 }
 
-XmlNode SourceTableList::FindOrAddElement()
-{
-    const XmlNode element = document_.GetNode(document_.RootPath(u"SRCTBL"));
-    if (element)
-        return element;
-    return AppendChild(document_.Document(), document_.Document().documentElement(), u"SRCTBL");
-}
-
 void SourceTableList::SourceTables(TextView i_SourceTables)
 {
-    const XmlNode element = FindOrAddElement();
+    const ScriptRecord element = object_.EnsureSourceTables();
     if (!element)
         throw Failure(FailureCode::ObjectVariableNotSet, u"The source tables can't be stored: the object is empty");
-    element.text(i_SourceTables);
+    object_.SetScript(element, i_SourceTables);
     RefreshSourceTables();
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "object/document_access.h"
+#include "object/mapping_object.h"
 #include "script/control_events.h"
 #include "views/designer_views.h"
 
@@ -10,8 +10,8 @@ namespace rulemesh {
 /// and the list written back to the text, so after any change the list is what counts.
 class SourceTableList {
 public:
-    SourceTableList(DocumentAccess& document, DesignerViews& views, ControlEvents& events)
-        : document_(document), views_(views), events_(events)
+    SourceTableList(MappingObject& object, DesignerViews& views, ControlEvents& events)
+        : object_(object), views_(views), events_(events)
     {
     }
 
@@ -19,18 +19,17 @@ public:
     void RefreshSourceTables();
 
     /// The property SourceTables: the text of SRCTBL as it stands; setting it merges it into the list.
-    [[nodiscard]] Text SourceTables() const { return document_.GetSourceTablesText(); }
+    [[nodiscard]] Text SourceTables() const { return object_.Read().GetSourceTablesText(); }
     void SourceTables(TextView i_SourceTables);
 
-    void CmdSelectSource_Click() { events_.ShowSourceTablesPopUp(document_.GetSourceTablesText()); }
+    void CmdSelectSource_Click() { events_.ShowSourceTablesPopUp(object_.Read().GetSourceTablesText()); }
     void lstSourceTables_KeyDown(std::int16_t KeyCode);
 
 private:
-    [[nodiscard]] XmlNode FindOrAddElement();
     void AddAllParts();
     void AddMissingParts();
 
-    DocumentAccess& document_;
+    MappingObject& object_;
     DesignerViews& views_;
     ControlEvents& events_;
 };

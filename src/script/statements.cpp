@@ -39,7 +39,7 @@ void ReadNumber(Statement& dump)
     }
     try {
         dump.Number = ToInt16(dump.Word);
-        if (dump.Number >= DumpNumberLimit)
+        if (dump.Number > LastDumpNumber)
             dump.Fault = StatementFault::NumberTooGreat;
     } catch (const Failure&) {
         dump.Fault = StatementFault::NumberPast16Bits;

@@ -21,7 +21,7 @@ enum class StatementFault : std::uint8_t {
     NoWord,           ///< nothing but white characters stands behind it
     WordTooLong,      ///< the word has more than WordLimit characters
     NoNumber,         ///< the word of a dump is no number
-    NumberTooGreat,   ///< the number of a dump is DumpNumberLimit or more
+    NumberTooGreat,   ///< the number of a dump is greater than LastDumpNumber
     NumberPast16Bits, ///< the number of a dump is outside of -32768..32767
     TableLength,      ///< the word of a migrate is shorter or longer than a table code
     TableForm,        ///< it is as long, and has another form

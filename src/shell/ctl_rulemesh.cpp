@@ -17,18 +17,18 @@ Action::Kind BeginsUnless(bool same) { return same ? Action::Kind::Move : Action
 } // namespace
 
 ctlRulemesh::ctlRulemesh(Platform& platform, ControlEvents& events)
-    : history_(XmlDocument_, state_, views_, events), platform_(platform), document_(XmlDocument_, state_),
-      scanner_(document_, state_, views_, platform), sourceTables_(document_, views_, events),
-      queries_(document_, state_, views_, platform, events, scanner_),
-      preConditions_(document_, state_, views_, platform, events, scanner_, queries_, sourceTables_),
-      pruning_(document_, state_, scanner_, queries_), lookup_(document_, state_, views_),
-      shownDump_(document_, state_, views_, platform, lookup_), mapping_(views_, platform, lookup_, shownDump_),
-      copying_(document_, state_, views_, platform, shownDump_, preConditions_), chooser_(platform),
-      retargeting_(document_, views_, platform, lookup_, shownDump_, chooser_),
-      notes_(document_, state_, views_, platform), grid_(state_, views_, shownDump_), lists_(views_, shownDump_, grid_),
+    : history_(XmlDocument_, state_, views_, events), platform_(platform), object_(XmlDocument_, state_),
+      scanner_(object_, state_, views_, platform), sourceTables_(object_, views_, events),
+      queries_(object_, state_, views_, platform, events, scanner_),
+      preConditions_(object_, state_, views_, platform, events, scanner_, queries_, sourceTables_),
+      pruning_(object_, state_, scanner_, queries_), lookup_(object_, state_, views_),
+      shownDump_(object_, state_, views_, platform, lookup_), mapping_(views_, platform, lookup_, shownDump_),
+      copying_(object_, state_, views_, platform, shownDump_, preConditions_), chooser_(platform),
+      retargeting_(object_, views_, platform, lookup_, shownDump_, chooser_), notes_(object_, state_, views_, platform),
+      grid_(state_, views_, shownDump_), lists_(views_, shownDump_, grid_),
       editor_(state_, views_, platform, queries_, preConditions_, sourceTables_),
-      panels_(document_, state_, views_, events), layout_(views_, panels_),
-      tabs_(document_, state_, views_, platform, queries_, preConditions_, shownDump_, retargeting_, layout_)
+      panels_(object_, state_, views_, events), layout_(views_, panels_),
+      tabs_(object_, state_, views_, platform, queries_, preConditions_, shownDump_, retargeting_, layout_)
 {
     WireHandlers();
     UserControl_Initialize();
@@ -126,7 +126,7 @@ void ctlRulemesh::MappingObjectXML(std::string utf8)
 void ctlRulemesh::AfterLoad(bool loaded)
 {
     if (!loaded)
-        document_.RecordError(1, u"The Loaded XML was not a Valid XML. Please refresh", 0, u"");
+        object_.Read().RecordError(1, u"The Loaded XML was not a Valid XML. Please refresh", 0, u"");
 }
 
 Text ctlRulemesh::MappingObjectXML() { return FromUtf8(MappingObjectXmlUtf8()); }
@@ -195,7 +195,7 @@ void ctlRulemesh::ShowControl()
     queries_.ShowMigrateQuery(state_.StrMigrateTables.front());
     shownDump_.RefreshTargetList(); // still in the mode of the object shown before
     LockControls();
-    state_.BoolMultiTarget = lookup_.CheckMscripts();
+    state_.BoolMultiTarget = object_.Read().CheckMscripts();
     if (!state_.BoolMultiTarget)
         views_.CmbTargetTable.Visible(false);
     views_.lblTargetTable.Visible(true);
@@ -207,16 +207,15 @@ void ctlRulemesh::ShowControl()
 
 Text ctlRulemesh::ForeignRoot() const
 {
-    const XmlNode root = XmlDocument_.documentElement();
-    return root && root.baseName() != state_.StrTargetTable ? root.baseName() : Text();
+    Text StrRoot = object_.Read().RootName();
+    return StrRoot == state_.StrTargetTable ? Text() : StrRoot;
 }
 
 void ctlRulemesh::FillTargetTableCombo()
 {
     views_.CmbTargetTable.Clear();
-    const XmlNode tables = lookup_.MscriptNode();
-    for (XmlNode table = tables.firstChild(); table; table = table.nextSibling())
-        views_.CmbTargetTable.AddItem(table.baseName());
+    for (const Text& StrTable : object_.Read().TablesOnOffer())
+        views_.CmbTargetTable.AddItem(StrTable);
 }
 
 void ctlRulemesh::SourceTables(TextView i_SourceTables)

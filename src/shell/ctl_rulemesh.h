@@ -49,11 +49,16 @@ public:
     /// Whether the user may change the object. Setting it true after false unlocks nothing.
     void Edit(bool BoolEdit);
 
+    /// The list of source tables, separated by ",". Setting it stores it and adds the tables that the list lacks.
     void SourceTables(TextView i_SourceTables);
     [[nodiscard]] Text SourceTables() const { return sourceTables_.SourceTables(); }
 
+    /// Setting it saves: it may show messages and ask about migrate statements that went. Raises ObjectVariableNotSet
+    /// when the object has no PREC.
     void PreCondition(const Text& StrText);
 
+    /// The script in the box. Setting it saves it as the one of the table in the box; it may show messages and ask
+    /// about dumps that went.
     void MainQuery(const Text& StrText);
     [[nodiscard]] Text MainQuery() const { return views_.txtMainQuery.Text(); }
 
@@ -136,7 +141,7 @@ private:
     DesignerViews views_;
     History history_;
     Platform& platform_;
-    DocumentAccess document_;
+    MappingObject object_;
     ScriptScanner scanner_;
     SourceTableList sourceTables_;
     MainQueries queries_;

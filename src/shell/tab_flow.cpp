@@ -66,12 +66,12 @@ void TabFlow::ChooseMissingTargets(Text& StrDump)
 {
     for (std::size_t index = 0; index < views_.CmbDump.Entries().size(); ++index) {
         const auto IntDump = static_cast<std::int16_t>(views_.CmbDump.Entries()[index].Data);
-        const XmlNode dump = RequireDump(document_.GetDumpNode(IntDump), IntDump);
-        if (!GetAttribute(dump, u"TT").empty())
+        const DumpRecord dump = RequireDump(object_.Read().GetDumpNode(IntDump), IntDump);
+        if (!dump.Table().empty())
             continue;
         const std::vector<ComboBox::Entry>& tables = views_.CmbTargetTable.Entries();
         const Text StrTable = retargeting_.ChooseTarget(IntDump, tables.empty() ? Text() : tables.front().Text);
-        SetAttribute(dump, u"TT", StrTable);
+        object_.SetDumpTable(dump, StrTable);
         retargeting_.AppendDefaultRule(dump, StrTable);
         if (views_.CmbDump.HasSelection())
             StrDump = PlainNumber(views_.CmbDump.ItemData());

@@ -10,10 +10,9 @@ namespace rulemesh {
 /// and each given a target table; on the way back the rules are saved.
 class TabFlow {
 public:
-    TabFlow(DocumentAccess& document, ControlState& state, DesignerViews& views, Platform& platform,
-            MainQueries& queries, PreConditions& preConditions, ShownDump& shownDump, DumpRetargeting& retargeting,
-            Layout& layout)
-        : document_(document), state_(state), views_(views), platform_(platform), queries_(queries),
+    TabFlow(MappingObject& object, ControlState& state, DesignerViews& views, Platform& platform, MainQueries& queries,
+            PreConditions& preConditions, ShownDump& shownDump, DumpRetargeting& retargeting, Layout& layout)
+        : object_(object), state_(state), views_(views), platform_(platform), queries_(queries),
           preConditions_(preConditions), shownDump_(shownDump), retargeting_(retargeting), layout_(layout)
     {
     }
@@ -28,7 +27,7 @@ private:
     void ChooseMissingTargets(Text& StrDump);
     void SelectDump(const Text& StrDump);
 
-    DocumentAccess& document_;
+    MappingObject& object_;
     ControlState& state_;
     DesignerViews& views_;
     Platform& platform_;

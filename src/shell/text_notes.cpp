@@ -14,21 +14,21 @@ constexpr TextView FieldTemplate = u"Field Mapping:\n\n\n\n\n\n\nTechnical Notes
 } // namespace
 
 // The attribute is written however the form was closed: after Cancel it receives the decoded note.
-void TextNotes::EditNote(XmlNode element, const Text& StrCaption)
+void TextNotes::EditNote(const ScriptRecord& script, const Text& StrCaption)
 {
     Shared().BoolTextMode = true;
     FrmTxtDoc form(platform_);
-    Shared().StrDocText = DecodeEntities(GetAttribute(element, u"TEXT"));
+    Shared().StrDocText = DecodeEntities(script.Note());
     form.TxtDoc.Text(Shared().StrDocText);
     form.BoolTextChanged = false;
     form.Caption(StrCaption);
     platform_.ShowModal(form);
-    SetAttribute(element, u"TEXT", Shared().StrDocText);
+    object_.SetNote(script, Shared().StrDocText);
 }
 
 void TextNotes::CmdPreDoc_Click()
 {
-    const XmlNode precondition = document_.GetNode(document_.RootPath(u"PREC"));
+    const ScriptRecord precondition = object_.Read().Precondition();
     if (!precondition)
         return;
     EditNote(precondition, u"Precondition Text");
@@ -40,7 +40,7 @@ void TextNotes::CmdMQDoc_Click()
     const Text& StrTable = views_.txtMainQuery.Tag();
     if (TrimBlanks(StrTable).empty())
         return;
-    const XmlNode query = document_.GetNode(document_.RootPath(u"QUERY"), u"ST", StrTable);
+    const ScriptRecord query = object_.Read().Query(StrTable);
     if (query)
         EditNote(query, u"Text for Migrate:" + state_.StrTargetTable);
 }
@@ -49,20 +49,20 @@ void TextNotes::CmdDumpText_Click()
 {
     if (views_.CmbDump.Text().empty())
         return;
-    const XmlNode dump = document_.GetDumpNode(ToInt16(views_.CmbDump.Tag()));
+    const DumpRecord dump = object_.Read().GetDumpNode(ToInt16(views_.CmbDump.Tag()));
     if (!dump)
         return;
     Shared().BoolTextMode = true;
     const Text StrField = FieldNodeName(FieldPart(views_.RulesGrid.TextMatrix(views_.RulesGrid.Row(), 0)));
     if (StrField.empty())
         return;
-    const XmlNode rule = dump.selectSingleNode(ToUpper(StrField));
+    const RuleRecord rule = dump.Rule(ToUpper(StrField));
     if (!rule) {
         platform_.ShowMessage(
             {.Text = u"You Can Maintain Text, only to fields having a rule ", .Icon = MessageIcon::Notice});
         return;
     }
-    const Text StrStored = GetAttribute(rule, u"TEXT");
+    const Text StrStored = rule.Note();
     FrmTxtDoc form(platform_);
     // A template that nobody touched is compared in its line-feed form, which the box does not keep: OK stores it,
     // Cancel leaves the note empty, and closing the form from its frame counts it as a change.
@@ -74,7 +74,7 @@ void TextNotes::CmdDumpText_Click()
     platform_.ShowModal(form);
     if (Shared().StrDocText == FieldTemplate)
         Shared().StrDocText.clear();
-    SetAttribute(rule, u"TEXT", Shared().StrDocText);
+    object_.SetNote(rule, Shared().StrDocText);
 }
 
 void TextNotes::SetTextNumber(TextView StrType, std::int32_t LngTextNumber, TextView StrKey1, TextView StrKey2)
@@ -90,25 +90,19 @@ void TextNotes::SetTextNumber(TextView StrType, std::int32_t LngTextNumber, Text
 
 void TextNotes::SetPreconditionNumber(const Text& StrNumber)
 {
-    SetAttribute(document_.GetNode(document_.RootPath(u"PREC")), u"TEXT", StrNumber);
+    object_.SetNote(object_.Read().Precondition(), StrNumber);
 }
 
 void TextNotes::SetQueryNumber(TextView StrTable, const Text& StrNumber)
 {
-    SetAttribute(document_.GetNode(document_.RootPath(u"QUERY"), u"ST", StrTable), u"TEXT", StrNumber);
+    object_.SetNote(object_.Read().Query(StrTable), StrNumber);
 }
 
 void TextNotes::SetRuleNumber(std::int16_t IntDump, TextView StrField, const Text& StrNumber)
 {
-    const XmlNode dump = document_.GetDumpNode(IntDump);
-    if (!dump)
-        return;
-    const Text StrName = ToUpper(FieldNodeName(StrField));
-    const XmlNode rule = dump.selectSingleNode(StrName);
-    if (rule)
-        SetAttribute(rule, u"TEXT", StrNumber);
-    else
-        AppendChild(document_.Document(), dump, StrName, u"TEXT", StrNumber);
+    const DumpRecord dump = object_.Read().GetDumpNode(IntDump);
+    if (dump)
+        object_.SetRuleNote(dump, ToUpper(FieldNodeName(StrField)), StrNumber);
 }
 
 } // namespace rulemesh

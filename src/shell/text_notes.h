@@ -8,8 +8,8 @@ namespace rulemesh {
 /// notes itself stores the number of its text there instead; nothing tells the one from the other.
 class TextNotes {
 public:
-    TextNotes(DocumentAccess& document, ControlState& state, DesignerViews& views, Platform& platform)
-        : document_(document), state_(state), views_(views), platform_(platform)
+    TextNotes(MappingObject& object, ControlState& state, DesignerViews& views, Platform& platform)
+        : object_(object), state_(state), views_(views), platform_(platform)
     {
     }
 
@@ -22,12 +22,12 @@ public:
     void SetTextNumber(TextView StrType, std::int32_t LngTextNumber, TextView StrKey1, TextView StrKey2);
 
 private:
-    void EditNote(XmlNode element, const Text& StrCaption);
+    void EditNote(const ScriptRecord& script, const Text& StrCaption);
     void SetPreconditionNumber(const Text& StrNumber);
     void SetQueryNumber(TextView StrTable, const Text& StrNumber);
     void SetRuleNumber(std::int16_t IntDump, TextView StrField, const Text& StrNumber);
 
-    DocumentAccess& document_;
+    MappingObject& object_;
     ControlState& state_;
     DesignerViews& views_;
     Platform& platform_;

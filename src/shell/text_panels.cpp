@@ -49,11 +49,11 @@ void TextPanels::CloseTextPanel(bool BoolShowViews, bool BoolSave)
 {
     if (views_.txtFunctions.Visible()) {
         views_.txtFunctions.Visible(false);
-        document_.SetFunctionsText(BoolSave ? views_.txtFunctions.Text() : document_.GetFunctionsText());
+        object_.SetFunctionsText(BoolSave ? views_.txtFunctions.Text() : object_.Read().GetFunctionsText());
     }
     if (views_.txtVariables.Visible()) {
         views_.txtVariables.Visible(false);
-        document_.SetVariablesText(BoolSave ? views_.txtVariables.Text() : document_.GetVariablesText());
+        object_.SetVariablesText(BoolSave ? views_.txtVariables.Text() : object_.Read().GetVariablesText());
     }
     ShowPreconditionView(BoolShowViews);
     ShowMainQueryView(BoolShowViews);
@@ -75,12 +75,12 @@ void TextPanels::OpenPanel(SyntaxBox& box, const Text& StrText, const Text& StrC
 
 void TextPanels::CmdFunction_Click()
 {
-    OpenPanel(views_.txtFunctions, DecodeEntities(document_.GetFunctionsText()), u"Functions");
+    OpenPanel(views_.txtFunctions, DecodeEntities(object_.Read().GetFunctionsText()), u"Functions");
 }
 
 void TextPanels::CmdVariables_Click()
 {
-    const Text StrText = WithoutMarks(document_.GetVariablesText());
+    const Text StrText = WithoutMarks(object_.Read().GetVariablesText());
     OpenPanel(views_.txtVariables, DecodeEntities(StrText), u"Variables / Includes ");
 }
 
@@ -104,7 +104,7 @@ void TextPanels::CmdFuncBuild_Click()
     if (views_.CmbDump.Text().empty())
         return;
     const Text StrRule = views_.RulesGrid.TextMatrix(views_.RulesGrid.Row(), 1);
-    const Text StrSourceTables = document_.GetSourceTablesText();
+    const Text StrSourceTables = object_.Read().GetSourceTablesText();
     events_.ShowFunctionBuilderPopUp(StrRule, StrSourceTables);
 }
 

@@ -12,8 +12,8 @@ namespace rulemesh {
 /// stored by OK alone. Also shows and hides the views of the two scripts as groups.
 class TextPanels {
 public:
-    TextPanels(DocumentAccess& document, ControlState& state, DesignerViews& views, ControlEvents& events)
-        : document_(document), state_(state), views_(views), events_(events)
+    TextPanels(MappingObject& object, ControlState& state, DesignerViews& views, ControlEvents& events)
+        : object_(object), state_(state), views_(views), events_(events)
     {
     }
 
@@ -33,7 +33,7 @@ private:
     void CloseTextPanel(bool BoolShowViews, bool BoolSave);
     void OpenPanel(SyntaxBox& box, const Text& StrText, const Text& StrCaption);
 
-    DocumentAccess& document_;
+    MappingObject& object_;
     ControlState& state_;
     DesignerViews& views_;
     ControlEvents& events_;

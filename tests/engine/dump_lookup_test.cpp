@@ -12,25 +12,25 @@ using DumpLookupTest = EngineBench;
 TEST_F(DumpLookupTest, TargetTableIsStampedIntoADumpThatNamesNone)
 {
     Load(R"(<DUMP No="1"/><DUMP No="2" TT=""/><DUMP No="3" TT="tgtab002"/>)");
-    EXPECT_EQ(lookup_.GetDumpTargetTable(1), u"tgtab001");
-    EXPECT_EQ(lookup_.GetDumpTargetTable(2), u"tgtab001");
-    EXPECT_EQ(lookup_.GetDumpTargetTable(3), u"tgtab002");
+    EXPECT_EQ(object_.GetDumpTargetTable(1), u"tgtab001");
+    EXPECT_EQ(object_.GetDumpTargetTable(2), u"tgtab001");
+    EXPECT_EQ(object_.GetDumpTargetTable(3), u"tgtab002");
     EXPECT_EQ(Below(), R"(<DUMP No="1" TT="tgtab001"/><DUMP No="2" TT="tgtab001"/><DUMP No="3" TT="tgtab002"/>)");
 }
 
 TEST_F(DumpLookupTest, AMissingDumpHasTheMainTableAndIsNotMade)
 {
     Load("");
-    EXPECT_EQ(lookup_.GetDumpTargetTable(4), u"tgtab001");
-    EXPECT_EQ(lookup_.GetDumpTargetDescription(4), u"");
+    EXPECT_EQ(object_.GetDumpTargetTable(4), u"tgtab001");
+    EXPECT_EQ(object_.Read().GetDumpTargetDescription(4), u"");
     EXPECT_EQ(Below(), "");
 }
 
 TEST_F(DumpLookupTest, TheDescriptionIsOnlyRead)
 {
     Load(R"(<DUMP No="1" TT_DESC="Items &amp; kits"/><DUMP No="2"/>)");
-    EXPECT_EQ(lookup_.GetDumpTargetDescription(1), u"Items & kits");
-    EXPECT_EQ(lookup_.GetDumpTargetDescription(2), u"");
+    EXPECT_EQ(object_.Read().GetDumpTargetDescription(1), u"Items & kits");
+    EXPECT_EQ(object_.Read().GetDumpTargetDescription(2), u"");
     EXPECT_EQ(Below(), R"(<DUMP No="1" TT_DESC="Items &amp; kits"/><DUMP No="2"/>)");
 }
 
@@ -41,7 +41,7 @@ TEST_F(DumpLookupTest, ASingleTargetObjectHasOneTableForEveryDump)
 {
     Load(TwoTables);
     for (const std::int16_t dump : std::vector<std::int16_t>{0, 1, 2, 9})
-        EXPECT_EQ(lookup_.GetTargetTableNode(dump).baseName(), u"TGTAB001");
+        EXPECT_EQ(lookup_.GetTargetTableNode(dump).Name(), u"TGTAB001");
     EXPECT_EQ(Below(), TwoTables);
 }
 
@@ -49,11 +49,11 @@ TEST_F(DumpLookupTest, AMultiTargetObjectGoesByTheDump)
 {
     Load(TwoTables);
     state_.BoolMultiTarget = true;
-    EXPECT_EQ(lookup_.GetTargetTableNode(1).baseName(), u"TGTAB001");
-    EXPECT_EQ(lookup_.GetTargetTableNode(2).baseName(), u"TGTAB002");
-    EXPECT_EQ(lookup_.GetTargetTableNode(9).baseName(), u"TGTAB001");
+    EXPECT_EQ(lookup_.GetTargetTableNode(1).Name(), u"TGTAB001");
+    EXPECT_EQ(lookup_.GetTargetTableNode(2).Name(), u"TGTAB002");
+    EXPECT_EQ(lookup_.GetTargetTableNode(9).Name(), u"TGTAB001");
     EXPECT_EQ(Below(), TwoTables);
-    EXPECT_EQ(lookup_.GetTargetTableNode(3).baseName(), u"TGTAB001");
+    EXPECT_EQ(lookup_.GetTargetTableNode(3).Name(), u"TGTAB001");
     EXPECT_NE(Below().find(R"(<DUMP No="3" TT="tgtab001"/>)"), std::string::npos);
 }
 
@@ -62,11 +62,11 @@ TEST_F(DumpLookupTest, TheCurrentDumpIsTheOneInTheTag)
     Load(TwoTables);
     state_.BoolMultiTarget = true;
     NameDumps({{1, u""}, {2, u""}});
-    EXPECT_EQ(lookup_.GetTargetTableNode(0).baseName(), u"TGTAB001"); // the first of the list
+    EXPECT_EQ(lookup_.GetTargetTableNode(0).Name(), u"TGTAB001"); // the first of the list
     views_.CmbDump.Tag(u"02");
-    EXPECT_EQ(lookup_.GetTargetTableNode(0).baseName(), u"TGTAB002");
+    EXPECT_EQ(lookup_.GetTargetTableNode(0).Name(), u"TGTAB002");
     views_.CmbDump.Tag(u"0");
-    EXPECT_EQ(lookup_.GetTargetTableNode(0).baseName(), u"TGTAB001");
+    EXPECT_EQ(lookup_.GetTargetTableNode(0).Name(), u"TGTAB001");
     views_.CmbDump.Tag(u"x");
     EXPECT_EQ(FailureOf([&] { static_cast<void>(lookup_.GetTargetTableNode(0)); }), FailureCode::TypeMismatch);
 }
@@ -114,9 +114,9 @@ TEST_F(DumpLookupTest, RulesOfNoDumpAreAFailure)
 TEST_F(DumpLookupTest, MscriptMakesAMultiTargetObject)
 {
     Load("<TARTAB/>");
-    EXPECT_FALSE(lookup_.CheckMscripts());
+    EXPECT_FALSE(object_.Read().CheckMscripts());
     Load("<MSCRIPT/>");
-    EXPECT_TRUE(lookup_.CheckMscripts());
+    EXPECT_TRUE(object_.Read().CheckMscripts());
 }
 
 // Recording the failure fails in its turn: nothing is kept, and the host sees a type mismatch.
@@ -124,19 +124,9 @@ TEST_F(DumpLookupTest, ACheckThatFailsRecordsNothing)
 {
     Load("<MSCRIPT/>");
     state_.StrTargetTable = u"o'neil01";
-    EXPECT_EQ(FailureOf([&] { static_cast<void>(lookup_.CheckMscripts()); }), FailureCode::TypeMismatch);
+    EXPECT_EQ(FailureOf([&] { static_cast<void>(object_.Read().CheckMscripts()); }), FailureCode::TypeMismatch);
     EXPECT_EQ(state_.IntErrorCode, 0);
     EXPECT_EQ(state_.StrErrorText, u"");
-}
-
-TEST_F(DumpLookupTest, ARuleRecordHasNoteTypeAndText)
-{
-    Load(R"(<DUMP No="1"/>)");
-    lookup_.AppendRule(access_.GetDumpNode(1), u"A", u"x < 1");
-    lookup_.AppendRule(access_.GetDumpNode(1), u"B", u"x\r\ny");
-    lookup_.AppendRule(access_.GetDumpNode(1), u"C", u"x\ny");
-    EXPECT_EQ(Below(), "<DUMP No=\"1\"><A TEXT=\"\" TYPE=\"0\">x &lt; 1</A><B TEXT=\"\" TYPE=\"1\">x&#13;\ny</B>"
-                       "<C TEXT=\"\" TYPE=\"0\">x\ny</C></DUMP>");
 }
 
 } // namespace

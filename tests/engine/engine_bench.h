@@ -10,30 +10,13 @@
 #include "engine/copy_dumps.h"
 #include "engine/retarget.h"
 #include "engine/rule_mapping.h"
-#include "support/recording_events.h"
-#include "support/recording_platform.h"
+#include "support/object_bench.h"
 
 namespace rulemesh {
 
-/// The engine over an object of the test's own, with views on which no handlers hang: what an operation does is its own
-/// doing. The target table is `tgtab001`.
-class EngineBench : public testing::Test {
+/// The engine over an object of the test's own.
+class EngineBench : public ObjectBench {
 protected:
-    EngineBench() { state_.StrTargetTable = u"tgtab001"; }
-
-    /// The object whose root holds this.
-    void Load(const std::string& below) { ASSERT_TRUE(document_.loadXML("<tgtab001>" + below + "</tgtab001>")); }
-
-    /// What the root holds now.
-    [[nodiscard]] std::string Below() const
-    {
-        const std::string xml = document_.xmlUtf8();
-        const std::string open = "<tgtab001>";
-        const std::string close = "</tgtab001>";
-        EXPECT_EQ(xml.substr(0, open.size()), open);
-        return xml.substr(open.size(), xml.size() - open.size() - close.size());
-    }
-
     /// The dumps as the scripts would name them, in the lists and in CmbDump; none is selected.
     void NameDumps(const std::vector<std::pair<std::int16_t, Text>>& dumps)
     {
@@ -80,20 +63,10 @@ protected:
         return keys;
     }
 
-    ControlState state_;
-    XmlDocument document_;
-    DesignerViews views_;
-    RecordingPlatform platform_;
-    RecordingEvents events_;
-    DocumentAccess access_{document_, state_};
-    ScriptScanner scanner_{access_, state_, views_, platform_};
-    SourceTableList sourceTables_{access_, views_, events_};
-    MainQueries queries_{access_, state_, views_, platform_, events_, scanner_};
-    PreConditions preConditions_{access_, state_, views_, platform_, events_, scanner_, queries_, sourceTables_};
-    DumpLookup lookup_{access_, state_, views_};
-    ShownDump shownDump_{access_, state_, views_, platform_, lookup_};
+    DumpLookup lookup_{object_, state_, views_};
+    ShownDump shownDump_{object_, state_, views_, platform_, lookup_};
     RuleMapping mapping_{views_, platform_, lookup_, shownDump_};
-    DumpCopying copying_{access_, state_, views_, platform_, shownDump_, preConditions_};
+    DumpCopying copying_{object_, state_, views_, platform_, shownDump_, preConditions_};
 };
 
 } // namespace rulemesh

@@ -16,16 +16,16 @@ using testing::ElementsAre;
 class FieldRows : public testing::Test {
 protected:
     // The table TGTAB001 with these fields.
-    [[nodiscard]] XmlNode Table(const std::string& fields)
+    [[nodiscard]] TableRecord Table(const std::string& fields)
     {
         EXPECT_TRUE(document_.loadXML("<TGTAB001>" + fields + "</TGTAB001>"));
-        return document_.documentElement();
+        return TableRecord(document_.documentElement());
     }
 
     [[nodiscard]] std::vector<Text> SourceRow(const std::string& field)
     {
-        const XmlNode table = Table(field);
-        return FieldTexts(FieldList::Source, table.baseName(), table.firstChild());
+        const TableRecord table = Table(field);
+        return FieldTexts(FieldList::Source, table.Name(), *table.Fields().begin());
     }
 
     XmlDocument document_;
@@ -45,8 +45,8 @@ TEST_F(FieldRows, SourceRowBeginsWithTheMark)
 
 TEST_F(FieldRows, TargetRowBeginsWithAnEmptyText)
 {
-    const XmlNode table = Table(WholeField);
-    EXPECT_THAT(FieldTexts(FieldList::Target, table.baseName(), table.firstChild()),
+    const TableRecord table = Table(WholeField);
+    EXPECT_THAT(FieldTexts(FieldList::Target, table.Name(), *table.Fields().begin()),
                 ElementsAre(u"", u"*", u"007", u"tgtab001.price(1)", u"Float", u"10,2", u"Price & more", u"Right",
                             u"Upper", u"money", u" 0 ", u"a,b"));
 }

@@ -30,9 +30,9 @@ protected:
         views_.lstTargetFields.Sorted(false);
         views_.lstSourceFields.Sorted(false);
         views_.RulesGrid.ClearRows();
-        FillTargetFields(views_.lstTargetFields, table);
+        FillTargetFields(views_.lstTargetFields, TableRecord(table));
         for (const XmlNode& source : access_.GetNode(u"/tgtab001/SRCTAB").childNodes())
-            FillSourceFields(views_.lstSourceFields, source);
+            FillSourceFields(views_.lstSourceFields, TableRecord(source));
         for (int row = 1; row <= views_.lstTargetFields.Count(); ++row)
             views_.RulesGrid.AddItem({views_.lstTargetFields.TextAt(row, TargetField::Name), u" "});
         mapping_.CmdGuess_Click();
@@ -285,9 +285,9 @@ protected:
         views_.lstTargetFields.Clear();
         views_.lstSourceFields.Clear();
         views_.RulesGrid.ClearRows();
-        FillTargetFields(views_.lstTargetFields, access_.GetNode(u"/tgtab001/TARTAB/TGTAB001"));
+        FillTargetFields(views_.lstTargetFields, TableRecord(access_.GetNode(u"/tgtab001/TARTAB/TGTAB001")));
         for (const XmlNode& source : access_.GetNode(u"/tgtab001/SRCTAB").childNodes())
-            FillSourceFields(views_.lstSourceFields, source);
+            FillSourceFields(views_.lstSourceFields, TableRecord(source));
         for (int row = 0; row < rows; ++row)
             views_.RulesGrid.AddItem({u"key", OneOf(cells)});
         for (ListView* list : {&views_.lstTargetFields, &views_.lstSourceFields}) {

@@ -11,16 +11,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-TEST(IsBlankRule, TrimsBlanksFirstAndDropsTabsThen)
-{
-    const std::vector<std::pair<Text, bool>> cases = {
-        {u"", true},         {u" ", true},    {u"\t", true},       {u"  \t\t ", true},  {u"\t \t", false},
-        {u" \t \t ", false}, {u"\n", false},  {u"\r\n", false},    {u"a", false},       {u"\u00A0", false},
-        {u" \t ", true},     {u"\t\t", true}, {u" \ta\t ", false}, {u" \t\n\t ", false}};
-    for (const auto& [rule, blank] : cases)
-        EXPECT_EQ(IsBlankRule(rule), blank) << testing::PrintToString(rule);
-}
-
 class MapTest : public EngineBench {
 protected:
     void SetUp() override
@@ -29,8 +19,8 @@ protected:
             R"(<TARTAB><TGTAB001><NAME No="1" TYPE="S"/><PRICE__2 No="2" TYPE="D"/><BORN No="3" TYPE="T"/>)"
             R"(<NOWHERE TYPE="S"/></TGTAB001></TARTAB><DUMP No="1"/>)"
             R"(<SRCTAB><SRTAB001><A FNo="1" TYPE="S"/><B FNo="2" TYPE="M"/><C FNo="3" TYPE="K"/></SRTAB001></SRCTAB>)");
-        FillTargetFields(views_.lstTargetFields, access_.GetNode(u"/tgtab001/TARTAB/TGTAB001"));
-        FillSourceFields(views_.lstSourceFields, access_.GetNode(u"/tgtab001/SRCTAB/SRTAB001"));
+        FillTargetFields(views_.lstTargetFields, TableRecord(access_.GetNode(u"/tgtab001/TARTAB/TGTAB001")));
+        FillSourceFields(views_.lstSourceFields, TableRecord(access_.GetNode(u"/tgtab001/SRCTAB/SRTAB001")));
         views_.lstTargetFields.Sorted(false);
         for (const Text key : {u"tgtab001.name", u"tgtab001.price(2)", u"tgtab001.born"})
             views_.RulesGrid.AddItem({key, u" "});

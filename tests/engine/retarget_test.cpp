@@ -43,7 +43,7 @@ protected:
     }
 
     StubChooser chooser_;
-    DumpRetargeting retargeting_{access_, views_, platform_, lookup_, shownDump_, chooser_};
+    DumpRetargeting retargeting_{object_, views_, platform_, lookup_, shownDump_, chooser_};
 };
 
 // After a choice of a dump that failed, the dump in the tag is not the selected one.

@@ -28,8 +28,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     XmlDocument document;
     DesignerViews views;
     RecordingPlatform platform;
-    DocumentAccess access(document, state);
-    ScriptScanner scanner(access, state, views, platform);
+    MappingObject object(document, state);
+    ScriptScanner scanner(object, state, views, platform);
     scanner.ParseMigrateKeywords(FromUtf8({reinterpret_cast<const char*>(data), size}));
     const std::vector<Text>& tables = state.StrMigrateTables;
     Require(std::set(tables.begin(), tables.end()).size() == tables.size());

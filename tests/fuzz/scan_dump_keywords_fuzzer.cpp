@@ -30,8 +30,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static_cast<void>(document.loadXML(u"<tgtab001/>"));
     DesignerViews views;
     RecordingPlatform platform;
-    DocumentAccess access(document, state);
-    ScriptScanner scanner(access, state, views, platform);
+    MappingObject object(document, state);
+    ScriptScanner scanner(object, state, views, platform);
     try {
         scanner.ScanDumpKeywords(FromUtf8({reinterpret_cast<const char*>(data), size}), state.IntDumpNumbers,
                                  state.StrDumpTexts);
@@ -41,7 +41,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Require(std::set(state.IntDumpNumbers.begin(), state.IntDumpNumbers.end()).size() == state.IntDumpNumbers.size());
     Require(state.StrDumpTexts.size() == state.IntDumpNumbers.size());
     for (const std::int16_t number : state.IntDumpNumbers)
-        Require(number < 1000 && (IsEmptyList(state.IntDumpNumbers) || access.GetDumpNode(number)));
+        Require(number < 1000 && (IsEmptyList(state.IntDumpNumbers) || object.Read().GetDumpNode(number)));
     for (const Text& comment : state.StrDumpTexts) {
         Require(comment.size() < 250 && (comment.empty() || comment.front() == u'|'));
         for (const char16_t character : comment)

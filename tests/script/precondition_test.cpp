@@ -34,7 +34,7 @@ protected:
         preConditions_.SavePreCondition();
     }
 
-    [[nodiscard]] Text Stored() const { return access_.GetPreconditionText(); }
+    [[nodiscard]] Text Stored() const { return object_.Read().GetPreconditionText(); }
 
     SyntaxBox& box_ = views_.txtPreCondition;
     static constexpr MessageButton Cancel = MessageButton::Cancel;
@@ -101,7 +101,7 @@ TEST_F(PreConditionsTest, KeepsTheScriptOfALostTableOnOk)
     Save(u"migrate abcde123", {MessageButton::Ok});
     EXPECT_EQ(Stored(), u"migrate abcde123");
     EXPECT_THAT(RowsOf(views_.lstMigrateSource), ElementsAre(u"migrate abcde123", u""));
-    EXPECT_EQ(access_.GetQueryText(u"fghij456"), u"x");
+    EXPECT_EQ(object_.Read().GetQueryText(u"fghij456"), u"x");
 }
 
 TEST_F(PreConditionsTest, BringsTheStoredScriptBackOnCancel)
@@ -197,7 +197,7 @@ TEST_F(PreConditionsTest, AddsAnUnknownTableToTheSourceTablesAndShutsTheRules)
 {
     Open("", "<SRCTBL>abcde123</SRCTBL><SRCTAB><FGHIJ456/></SRCTAB>");
     Save(u"migrate fghij456");
-    EXPECT_EQ(access_.GetSourceTablesText(), u"abcde123,fghij456");
+    EXPECT_EQ(object_.Read().GetSourceTablesText(), u"abcde123,fghij456");
     EXPECT_THAT(RowsOf(views_.lstSourceTables), ElementsAre(u"abcde123", u"fghij456"));
     EXPECT_FALSE(views_.MainTab.TabEnabled(1));
 }
@@ -205,15 +205,15 @@ TEST_F(PreConditionsTest, AddsAnUnknownTableToTheSourceTablesAndShutsTheRules)
 TEST_F(PreConditionsTest, StartsTheSourceTablesWithAnUnknownTable)
 {
     Open("migrate abcde123");
-    EXPECT_EQ(access_.GetSourceTablesText(), u"abcde123");
+    EXPECT_EQ(object_.Read().GetSourceTablesText(), u"abcde123");
 }
 
 TEST_F(PreConditionsTest, AddsOneUnknownTableEachRun)
 {
     Open("migrate abcde123 migrate fghij456");
-    EXPECT_EQ(access_.GetSourceTablesText(), u"abcde123");
+    EXPECT_EQ(object_.Read().GetSourceTablesText(), u"abcde123");
     preConditions_.AnalysePreCondition();
-    EXPECT_EQ(access_.GetSourceTablesText(), u"abcde123,fghij456");
+    EXPECT_EQ(object_.Read().GetSourceTablesText(), u"abcde123,fghij456");
 }
 
 TEST_F(PreConditionsTest, OpensTheRulesInTheRunAfterTheCatalogueIsThere)
@@ -233,7 +233,7 @@ TEST_F(PreConditionsTest, ShutsTheRulesForATableThatTheCatalogueLacks)
 TEST_F(PreConditionsTest, ComparesSourceTablesExactlyAndTheCatalogueInUpperCase)
 {
     Open("migrate abcde123", "<SRCTBL>ABCDE123</SRCTBL><SRCTAB><ABCDE123/></SRCTAB>");
-    EXPECT_EQ(access_.GetSourceTablesText(), u"ABCDE123,abcde123");
+    EXPECT_EQ(object_.Read().GetSourceTablesText(), u"ABCDE123,abcde123");
     EXPECT_FALSE(views_.MainTab.TabEnabled(1));
     preConditions_.AnalysePreCondition();
     EXPECT_TRUE(views_.MainTab.TabEnabled(1));
@@ -242,7 +242,7 @@ TEST_F(PreConditionsTest, ComparesSourceTablesExactlyAndTheCatalogueInUpperCase)
 TEST_F(PreConditionsTest, LooksForATableBetweenTheCommasAsTheyStand)
 {
     Open("migrate fghij456", "<SRCTBL>abcde123, fghij456</SRCTBL>");
-    EXPECT_EQ(access_.GetSourceTablesText(), u"abcde123, fghij456,fghij456");
+    EXPECT_EQ(object_.Read().GetSourceTablesText(), u"abcde123, fghij456,fghij456");
 }
 
 TEST_F(PreConditionsTest, LeavesTheRulesAsTheyAreWithoutAMigrateStatement)

@@ -3,12 +3,7 @@
 #include <string>
 #include <vector>
 
-#include <gtest/gtest.h>
-
-#include "script/precondition.h"
-#include "script/prune_document.h"
-#include "support/recording_events.h"
-#include "support/recording_platform.h"
+#include "support/object_bench.h"
 
 namespace rulemesh {
 
@@ -28,30 +23,13 @@ inline Text LineOf(const Message& message)
     return line;
 }
 
-/// The script operations over a small mapping object, with views on which no handlers hang: what an operation does is
-/// its own doing. The target table is `tgtab001`.
-class ScriptBench : public testing::Test {
+/// The script operations over a small mapping object that may be edited.
+class ScriptBench : public ObjectBench {
 protected:
     ScriptBench()
     {
-        state_.StrTargetTable = u"tgtab001";
         state_.BoolEdit = true;
         Load("");
-    }
-
-    /// The object whose root holds this.
-    void Load(const std::string& below)
-    {
-        ASSERT_TRUE(document_.loadXML(below.empty() ? "<tgtab001/>" : "<tgtab001>" + below + "</tgtab001>"));
-    }
-
-    /// What the root holds now.
-    [[nodiscard]] std::string Below() const
-    {
-        const std::string xml = document_.xmlUtf8();
-        const std::string open = "<tgtab001>";
-        const std::string close = "</tgtab001>";
-        return xml == "<tgtab001/>" ? "" : xml.substr(open.size(), xml.size() - open.size() - close.size());
     }
 
     /// The boxes since the last call.
@@ -70,18 +48,6 @@ protected:
             rows.push_back(list.TextAt(row, 0));
         return rows;
     }
-
-    ControlState state_;
-    XmlDocument document_;
-    DesignerViews views_;
-    RecordingPlatform platform_;
-    RecordingEvents events_;
-    DocumentAccess access_{document_, state_};
-    ScriptScanner scanner_{access_, state_, views_, platform_};
-    SourceTableList sourceTables_{access_, views_, events_};
-    MainQueries queries_{access_, state_, views_, platform_, events_, scanner_};
-    PreConditions preConditions_{access_, state_, views_, platform_, events_, scanner_, queries_, sourceTables_};
-    DocumentPruning pruning_{access_, state_, scanner_, queries_};
 };
 
 } // namespace rulemesh

@@ -8,6 +8,7 @@
 #include "host/builders/source_tables_builder.h"
 #include "host/reading/script_statements.h"
 #include "host/reading/unsaved_texts.h"
+#include "object/rule_text.h"
 
 namespace rulemesh {
 
@@ -15,8 +16,7 @@ namespace {
 
 QStringList Codes(const QString& tables) { return tables.split(u',', Qt::SkipEmptyParts); }
 
-// A rule cell that no rule ever reached holds one blank.
-QString WithoutUntouchedBlank(const QString& rule) { return rule == u" " ? QString() : rule; }
+QString WithoutUntouchedBlank(const QString& rule) { return rule == ToQt(UntouchedRule) ? QString() : rule; }
 
 } // namespace
 

@@ -9,7 +9,7 @@
 
 #include "host/builders/function_names.h"
 #include "host/builders/table_tree.h"
-#include "host/catalogue/catalogue.h"
+#include "object/catalogue.h"
 
 namespace rulemesh {
 

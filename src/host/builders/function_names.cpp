@@ -5,7 +5,7 @@
 #include <QRegularExpression>
 
 #include "desktop/qt_text.h"
-#include "document/xml_document.h"
+#include "object/object_copy.h"
 
 namespace rulemesh {
 
@@ -43,17 +43,14 @@ QStringList FunctionNamesIn(const QString& text)
 QStringList FunctionNamesOf(const std::string& object)
 {
     std::map<QString, QString> names = {{QStringLiteral("default"), QStringLiteral("default")}};
-    XmlDocument document;
-    if (!document.loadXML(object))
+    const ObjectCopy copy(object);
+    if (!copy.IsLoaded())
         return Sorted(names);
-    const Text root = u"/" + document.documentElement().baseName();
-    for (const TextView path : {u"/PREC", u"/FUNCTIONS", u"/QUERY"}) {
-        for (const XmlNode& script : document.selectNodes(root + Text(path)))
-            AddNames(names, ToQt(script.text()));
-    }
-    for (const XmlNode& dump : document.selectNodes(root + u"/DUMP")) {
-        for (const XmlNode& rule : dump.childNodes())
-            AddNames(names, ToQt(rule.text()));
+    for (const ScriptRecord& script : copy.Read().Scripts())
+        AddNames(names, ToQt(script.Script()));
+    for (const DumpRecord& dump : copy.Read().Dumps()) {
+        for (const RuleRecord rule : dump.Rules())
+            AddNames(names, ToQt(rule.Rule()));
     }
     return Sorted(names);
 }

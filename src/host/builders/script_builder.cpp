@@ -20,8 +20,6 @@ namespace rulemesh {
 
 namespace {
 
-constexpr int LastDump = 999;
-
 QString TitleOf(ScriptBuilder::Script script, const QStringList& tables)
 {
     return script == ScriptBuilder::Script::PreCondition
@@ -66,7 +64,7 @@ QWidget* ScriptBuilder::MakePickers(Script script)
     names->addStretch();
     layout->addLayout(names);
 
-    number_->setRange(1, LastDump);
+    number_->setRange(1, LastDumpNumber);
     auto* numberRow = new QHBoxLayout;
     numberRow->addWidget(number_);
     numberRow->addWidget(dump_);
@@ -85,7 +83,7 @@ void ScriptBuilder::OfferNextDump()
 {
     const auto next = NextFreeDump(DumpsNamedBy(object_, FromQt(Text())));
     dump_->setEnabled(next.has_value());
-    dump_->setToolTip(next ? QString() : QStringLiteral("All dump numbers up to %1 are taken").arg(LastDump));
+    dump_->setToolTip(next ? QString() : QStringLiteral("All dump numbers up to %1 are taken").arg(LastDumpNumber));
     if (next)
         number_->setValue(*next);
 }

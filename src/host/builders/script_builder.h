@@ -7,7 +7,7 @@
 #include <QStringList>
 
 #include "host/builders/builder_dialog.h"
-#include "host/catalogue/catalogue.h"
+#include "object/catalogue.h"
 
 class QLineEdit;
 class QPushButton;

@@ -5,7 +5,7 @@
 #include <QDialog>
 #include <QStringList>
 
-#include "host/catalogue/catalogue.h"
+#include "object/catalogue.h"
 
 class QLabel;
 class QLineEdit;

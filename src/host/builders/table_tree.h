@@ -5,7 +5,7 @@
 #include <QStringList>
 #include <QWidget>
 
-#include "host/catalogue/catalogue.h"
+#include "object/catalogue.h"
 
 class QLineEdit;
 class QTreeWidget;

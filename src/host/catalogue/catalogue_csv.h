@@ -2,7 +2,7 @@
 
 #include <QByteArray>
 
-#include "host/catalogue/catalogue.h"
+#include "object/catalogue.h"
 
 namespace rulemesh {
 

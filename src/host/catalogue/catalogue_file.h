@@ -2,7 +2,7 @@
 
 #include <QString>
 
-#include "host/catalogue/catalogue.h"
+#include "object/catalogue.h"
 
 namespace rulemesh {
 

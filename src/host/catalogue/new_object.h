@@ -5,7 +5,7 @@
 #include <QByteArray>
 
 #include "base/text.h"
-#include "host/catalogue/catalogue.h"
+#include "object/catalogue.h"
 
 namespace rulemesh {
 

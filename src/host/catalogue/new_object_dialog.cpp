@@ -93,8 +93,6 @@ void NewObjectDialog::UseCatalogue(const QString& path)
     Complain(wrong);
 }
 
-QString NewObjectDialog::CataloguePath() const { return path_->text(); }
-
 void NewObjectDialog::ShowTables()
 {
     target_->clear();

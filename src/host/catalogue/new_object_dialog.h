@@ -25,9 +25,6 @@ public:
     /// Reads a catalogue; what is wrong with it is shown in the form.
     void UseCatalogue(const QString& path);
 
-    /// The file of the catalogue.
-    [[nodiscard]] QString CataloguePath() const;
-
     /// The text of the new object, after the form was accepted.
     [[nodiscard]] const QByteArray& Object() const noexcept { return object_; }
 

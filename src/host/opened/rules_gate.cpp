@@ -9,8 +9,8 @@
 #include "desktop/rulemesh_widget.h"
 #include "desktop/view_surface.h"
 #include "host/builders/source_tables_builder.h"
-#include "host/catalogue/catalogue.h"
 #include "host/reading/script_statements.h"
+#include "object/catalogue.h"
 #include "object/document_access.h"
 
 namespace rulemesh {

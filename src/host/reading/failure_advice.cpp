@@ -7,7 +7,7 @@
 #include "desktop/qt_text.h"
 #include "host/reading/field_numbers.h"
 #include "host/reading/script_statements.h"
-#include "object/document_access.h"
+#include "object/object_copy.h"
 #include "shell/ctl_rulemesh.h"
 
 namespace rulemesh {
@@ -27,7 +27,7 @@ Script ScriptOf(const QString& name, const TextBox& box, bool isShown, const Tex
     return {name, isShown ? box.Text() : stored, stored, {}};
 }
 
-std::vector<Script> ScriptsOf(ctlRulemesh& control, const DocumentAccess& object)
+std::vector<Script> ScriptsOf(ctlRulemesh& control, const MappingReader& object)
 {
     const DesignerViews& views = control.Views();
     std::vector<Script> scripts = {
@@ -66,13 +66,11 @@ QStringList DumpsPastAnyNumber(const std::vector<Script>& scripts)
     return lines;
 }
 
-QStringList FaultyDumps(const XmlDocument& object)
+QStringList FaultyDumps(const MappingReader& object)
 {
     QStringList lines;
-    for (const XmlNode dump : object.documentElement().childNodes()) {
-        if (dump.baseName() != u"DUMP")
-            continue;
-        const Text number = dump.getNamedItem(u"No").value_or(Text());
+    for (const DumpRecord& dump : object.Dumps()) {
+        const Text number = dump.Number();
         try {
             (void)ToInt16(number);
         } catch (const Failure&) {
@@ -85,10 +83,10 @@ QStringList FaultyDumps(const XmlDocument& object)
     return lines;
 }
 
-QStringList QueriesWithoutTable(const XmlDocument& object)
+QStringList QueriesWithoutTable(const MappingReader& object)
 {
-    for (const XmlNode query : object.documentElement().childNodes()) {
-        if (query.baseName() == u"QUERY" && !query.getNamedItem(u"ST"))
+    for (const ScriptRecord& query : object.Queries()) {
+        if (!query.Table())
             return {
                 QStringLiteral("An element QUERY has no attribute ST, which names the table of a script; with it the "
                                "object can't be saved. Correct it in the file with a text editor and open the file "
@@ -110,15 +108,13 @@ QStringList FaultyFields(const std::string& object)
 QStringList FailureAdvice(ctlRulemesh& control, int number)
 {
     const std::string text = control.DocumentAsItStands();
-    XmlDocument object;
-    if (!object.loadXML(text))
+    const ObjectCopy copy(text);
+    if (!copy.IsLoaded())
         return {};
-    ControlState state;
-    state.StrTargetTable = control.State().StrTargetTable;
-    const DocumentAccess access(object, state);
+    const MappingReader& object = copy.Read();
     switch (static_cast<FailureCode>(number)) {
     case FailureCode::Overflow:
-        return DumpsPastAnyNumber(ScriptsOf(control, access)) + FaultyDumps(object) + FaultyFields(text);
+        return DumpsPastAnyNumber(ScriptsOf(control, object)) + FaultyDumps(object) + FaultyFields(text);
     case FailureCode::TypeMismatch:
         return FaultyDumps(object) + FaultyFields(text);
     case FailureCode::InvalidPropertyArrayIndex:

@@ -5,7 +5,7 @@
 
 #include "base/numbers.h"
 #include "desktop/qt_text.h"
-#include "document/xml_document.h"
+#include "object/object_copy.h"
 
 namespace rulemesh {
 
@@ -19,21 +19,21 @@ bool IsPlace(const Text& number, int place)
     return IsNumeric(number) && std::abs(ToDouble(number)) <= GreatestNumber && ToInt16(number) == place;
 }
 
-QString Fault(XmlNode field, const std::optional<Text>& number, int place)
+QString Fault(const FieldRecord& field, const std::optional<Text>& number, int place)
 {
     return QStringLiteral("%1 %2 in place %3")
-        .arg(ToQt(field.baseName()),
+        .arg(ToQt(field.Name()),
              number ? QStringLiteral("has No=\"%1\"").arg(ToQt(*number)) : QStringLiteral("has no No"))
         .arg(place);
 }
 
-QString FaultsOf(XmlNode table)
+QString FaultsOf(const TableRecord& table)
 {
     QStringList faults;
     qsizetype more = 0;
     int place = 0;
-    for (const XmlNode field : table.childNodes()) {
-        const std::optional<Text> number = field.getNamedItem(u"No");
+    for (const FieldRecord field : table.Fields()) {
+        const std::optional<Text> number = field.Number();
         if (IsPlace(number.value_or(Text()), ++place))
             continue;
         if (faults.size() < MostNamed)
@@ -50,17 +50,13 @@ QString FaultsOf(XmlNode table)
 
 QStringList FaultyFieldNumbers(const std::string& object)
 {
-    XmlDocument document;
-    if (!document.loadXML(object))
+    const ObjectCopy copy(object);
+    if (!copy.IsLoaded())
         return {};
     QStringList lines;
-    for (const XmlNode side : document.documentElement().childNodes()) {
-        if (side.baseName() != u"TARTAB")
-            continue;
-        for (const XmlNode table : side.childNodes()) {
-            if (const QString faults = FaultsOf(table); !faults.isEmpty())
-                lines += QStringLiteral("Table %1: %2.").arg(ToQt(table.baseName()), faults);
-        }
+    for (const TableRecord& table : copy.Read().TargetTables()) {
+        if (const QString faults = FaultsOf(table); !faults.isEmpty())
+            lines += QStringLiteral("Table %1: %2.").arg(ToQt(table.Name()), faults);
     }
     return lines;
 }

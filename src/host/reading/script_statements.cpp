@@ -3,14 +3,14 @@
 #include <algorithm>
 
 #include "base/numbers.h"
-#include "object/document_access.h"
+#include "object/object_copy.h"
+#include "script/keywords.h"
 #include "script/statements.h"
 
 namespace rulemesh {
 
 namespace {
 
-constexpr std::int16_t LastDump = 999;
 constexpr TextView White = u" \t\r\n";
 
 // A line end or bar inside of a comment would end it or begin another one.
@@ -33,7 +33,7 @@ void AddDump(std::vector<std::int16_t>& numbers, TextView word)
     if (!IsNumeric(word))
         return;
     const double number = ToDouble(word);
-    if (number > 0 && number <= LastDump)
+    if (number > 0 && number <= LastDumpNumber)
         numbers.push_back(ToInt16(word));
 }
 
@@ -63,9 +63,9 @@ std::optional<std::int16_t> NextFreeDump(const std::vector<std::int16_t>& IntNum
 {
     const std::int16_t greatest =
         IntNumbers.empty() ? std::int16_t{0} : *std::max_element(IntNumbers.begin(), IntNumbers.end());
-    if (greatest < LastDump)
+    if (greatest < LastDumpNumber)
         return ToInt16(std::int64_t{std::max<std::int16_t>(greatest, 0)} + 1);
-    for (std::int16_t number = 1; number <= LastDump; ++number) {
+    for (std::int16_t number = 1; number <= LastDumpNumber; ++number) {
         if (std::find(IntNumbers.begin(), IntNumbers.end(), number) == IntNumbers.end())
             return number;
     }
@@ -76,16 +76,13 @@ std::vector<std::int16_t> DumpsNamedBy(const std::string& object, TextView StrSc
 {
     std::vector<std::int16_t> numbers;
     AddDumpsOf(numbers, StrScript);
-    XmlDocument document;
-    if (!document.loadXML(object))
+    const ObjectCopy copy(object);
+    if (!copy.IsLoaded())
         return numbers;
-    const Text root = u"/" + document.documentElement().baseName();
-    for (const TextView script : {u"/PREC", u"/FUNCTIONS", u"/QUERY"}) {
-        for (const XmlNode& node : document.selectNodes(root + Text(script)))
-            AddDumpsOf(numbers, node.text());
-    }
-    for (const XmlNode& dump : document.selectNodes(root + u"/DUMP"))
-        AddDump(numbers, GetAttribute(dump, u"No"));
+    for (const ScriptRecord& script : copy.Read().Scripts())
+        AddDumpsOf(numbers, script.Script());
+    for (const DumpRecord& dump : copy.Read().Dumps())
+        AddDump(numbers, dump.Number());
     return numbers;
 }
 

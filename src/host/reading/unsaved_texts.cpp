@@ -2,8 +2,7 @@
 
 #include "base/failure.h"
 #include "base/numbers.h"
-#include "object/dump_records.h"
-#include "script/main_query.h"
+#include "object/object_copy.h"
 #include "shell/ctl_rulemesh.h"
 
 namespace rulemesh {
@@ -16,61 +15,42 @@ constexpr int RuleColumn = 1;
 // Texts that differ in carriage returns alone look alike: no key types one by itself.
 bool LookAlike(TextView a, TextView b) { return Without(a, u'\r') == Without(b, u'\r'); }
 
-// A copy of a designer's document with the operations that write into it. What an operation can't store stays out.
-class Copy {
-public:
-    explicit Copy(XmlDocument& document) : access_(document, state_), records_(access_, state_)
-    {
-        state_.StrTargetTable = document.documentElement().baseName();
-        Try([this] { state_.BoolMultiTarget = records_.CheckMscripts(); });
+// What a save could not store stays out: it would fail in the same place.
+template <typename Step> void Try(Step step)
+{
+    try {
+        step();
+    } catch (const Failure&) {
+        return;
     }
+}
 
-    void Put(const UnsavedTexts& texts)
-    {
-        PutScript(access_.GetPreconditionText(), texts.PreCondition,
-                  [this](const Text& text) { access_.GetNode(access_.RootPath(u"PREC")).text(text); });
-        if (!texts.QueryTable.empty())
-            PutScript(access_.GetQueryText(texts.QueryTable), texts.Query,
-                      [&](const Text& text) { StoreQuery(access_, texts.QueryTable, text); });
-        if (texts.Functions)
-            PutScript(access_.GetFunctionsText(), *texts.Functions,
-                      [this](const Text& text) { access_.SetFunctionsText(text); });
-        if (texts.Variables)
-            PutScript(WithoutMarks(access_.GetVariablesText()), *texts.Variables,
-                      [this](const Text& text) { access_.SetVariablesText(text); });
-        Try([&] { PutRules(texts); });
-    }
+template <typename Store> void PutScript(const Text& stored, const Text& shown, Store store)
+{
+    if (!LookAlike(stored, shown) && !LookAlike(DecodeEntities(stored), shown))
+        Try([&] { store(shown); });
+}
 
-private:
-    template <typename Step> void Try(Step step)
-    {
-        try {
-            step();
-        } catch (const Failure&) {
-            return; // a save would fail in the same place
-        }
-    }
-
-    template <typename Store> void PutScript(const Text& stored, const Text& shown, Store store)
-    {
-        if (!LookAlike(stored, shown) && !LookAlike(DecodeEntities(stored), shown))
-            Try([&] { store(shown); });
-    }
-
-    void PutRules(const UnsavedTexts& texts)
-    {
-        if (texts.Dump.empty() || texts.Dump == u"0")
-            return;
-        const std::int16_t dump = ToInt16(texts.Dump);
-        const XmlNode element = records_.DumpToFill(dump, [&] { return texts.DumpTable; });
-        if (const XmlNode table = records_.TableOfDump(dump))
-            records_.SaveRules(element, table, {texts.Rules.begin(), texts.Rules.end()});
-    }
-
-    ControlState state_;
-    DocumentAccess access_;
-    DumpRecords records_;
-};
+void PutTexts(MappingObject& object, const UnsavedTexts& texts)
+{
+    const MappingReader& reader = object.Read();
+    PutScript(reader.GetPreconditionText(), texts.PreCondition,
+              [&](const Text& text) { object.SetScript(reader.Precondition(), text); });
+    if (!texts.QueryTable.empty())
+        PutScript(reader.GetQueryText(texts.QueryTable), texts.Query,
+                  [&](const Text& text) { object.SetQuery(texts.QueryTable, text); });
+    if (texts.Functions)
+        PutScript(reader.GetFunctionsText(), *texts.Functions,
+                  [&](const Text& text) { object.SetFunctionsText(text); });
+    if (texts.Variables)
+        PutScript(WithoutMarks(reader.GetVariablesText()), *texts.Variables,
+                  [&](const Text& text) { object.SetVariablesText(text); });
+    Try([&] {
+        object.SaveDumpRules(texts.Dump, {.AskForTable = [&] { return texts.DumpTable; },
+                                          .Table = [&] { return object.TableOfDump(ToInt16(texts.Dump)); },
+                                          .Rules = [&] { return RuleTexts(texts.Rules.begin(), texts.Rules.end()); }});
+    });
+}
 
 } // namespace
 
@@ -99,11 +79,11 @@ UnsavedTexts TakeUnsavedTexts(ctlRulemesh& control)
 
 std::string WithUnsavedTexts(std::string object, const UnsavedTexts& texts)
 {
-    XmlDocument document;
-    if (!document.loadXML(object))
+    ObjectCopy copy(object);
+    if (!copy.IsLoaded())
         return object;
-    Copy(document).Put(texts);
-    return document.xmlUtf8();
+    PutTexts(copy.Object(), texts);
+    return copy.XmlUtf8();
 }
 
 std::string ObjectAsItStands(ctlRulemesh& control)

@@ -1,4 +1,4 @@
-#include "host/catalogue/catalogue.h"
+#include "object/catalogue.h"
 
 #include <gtest/gtest.h>
 
