@@ -75,8 +75,12 @@ TEST_F(PreConditionsTest, ReadsTheScriptToItsEndThoughTheHostSetsAnother)
 {
     Open("");
     views_.lstSourceTables.SetFocus();
-    box_.GotFocus = [this] { box_.Text(Text(4000, u'y')); };
-    Save(u"migrate wrong " + Text(2000, u'x') + u" migrate abcde123");
+    const Text StrScript = u"migrate wrong " + Text(2000, u'x') + u" migrate abcde123";
+    box_.GotFocus = [&] {
+        for (int again = 0; again < 4; ++again) // over and over, so that what the script leaves is written on
+            box_.Text(Text(StrScript.size(), u'y'));
+    };
+    Save(StrScript);
     EXPECT_THAT(state_.StrNewMigrateTables, ElementsAre(u"abcde123"));
 }
 

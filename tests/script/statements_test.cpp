@@ -71,6 +71,11 @@ TEST(StatementCursor, FindsNoLettersThatOnlyFoldToAscii)
     EXPECT_THAT(StatementsOf(u"m\u0131grate srtab001 M\u0130GRATE srtab001 \u0164ump 5 d\u0155mp 5", Both), IsEmpty());
 }
 
+TEST(StatementCursor, FindsNoSignsThatShareBitsWithLetters)
+{
+    EXPECT_THAT(StatementsOf(u"$ump 5 \u0004ump 5 d5mp 5 dum0 5 -igrate srtab001 migr!te srtab001", Both), IsEmpty());
+}
+
 TEST(StatementCursor, PassesOverPartsOfLongerWords)
 {
     EXPECT_THAT(StatementsOf(u"xdump 1 dumps 2 dum 3 immigrate srtab001 migrates srtab001 |dump 4 ", Both), IsEmpty());
