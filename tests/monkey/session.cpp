@@ -3,6 +3,7 @@
 #include <iostream>
 #include <regex>
 
+#include <sys/time.h>
 #include <unistd.h>
 
 #include <QAbstractButton>
@@ -18,7 +19,8 @@ namespace rulemesh::monkey {
 
 namespace {
 
-constexpr unsigned MostSeconds = 30; // for one action
+constexpr unsigned MostSecondsOfWork = 30; // for one action
+constexpr unsigned MostSeconds = 600;
 
 std::vector<std::string>& Warnings()
 {
@@ -33,6 +35,15 @@ void KeepWarning(QtMsgType type, const QMessageLogContext& /*context*/, const QS
                       text.startsWith(QLatin1String("Mouse event at "));
     if (type != QtDebugMsg && type != QtInfoMsg && !ours)
         Warnings().push_back(text.toStdString());
+}
+
+// An action that never ends is ended: one that works by the processor's time, as the machine may be busy with other
+// things, and one that only waits by the clock.
+void LimitAction()
+{
+    const itimerval work{{}, {MostSecondsOfWork, 0}};
+    setitimer(ITIMER_PROF, &work, nullptr);
+    alarm(MostSeconds);
 }
 
 class Session {
@@ -58,7 +69,7 @@ private:
     void Step(const QWidget* box)
     {
         const int number = errand_.Numbers[next_++];
-        alarm(MostSeconds);
+        LimitAction();
         if (errand_.Tell)
             std::cerr << number << " " << Describe(ActionOf(errand_.Seed, number)).toStdString() << std::endl;
         hands_.Do(ActionOf(errand_.Seed, number), [this](QWidget& box) { WorkBox(box); });
