@@ -1,18 +1,17 @@
 #pragma once
 
-#include <string>
+#include "program/answer_requests.h"
 
 namespace rulemesh {
 
 /// How `rulemesh drive` was asked to run.
 struct DriveOptions {
-    std::string File; ///< the requests; "" for standard input
+    RequestStream Requests;
     bool Window = false;
-    bool Strict = false; ///< ends behind the first request that was not done
 };
 
-/// `rulemesh drive`: answers each line of the requests on standard output until they end, and returns the exit status;
-/// what went wrong is told on standard error. A line that the input failed in the midst of is not carried out.
-int RunDrive(const DriveOptions& options);
+/// `rulemesh drive`: answers the requests, in this process or in that of the window's program, and returns the exit
+/// status. `program` is the name by which this program was called.
+int RunDrive(const DriveOptions& options, const char* program);
 
 } // namespace rulemesh

@@ -12,26 +12,14 @@
 #include "commands/check_command.h"
 #include "commands/exit_status.h"
 #include "program/drive_command.h"
+#include "program/end_without_memory.h"
 
 #ifdef RULEMESH_HAS_APPLICATION
 #include "program/display.h"
-#include "program/open_command.h"
+#include "program/window_program.h"
 #endif
 
 namespace {
-
-// Where memory ends outside of a request, or where nothing may be thrown, the program says so and ends by itself.
-[[noreturn]] void EndWithoutMemory()
-{
-    try {
-        if (const std::exception_ptr thrown = std::current_exception())
-            std::rethrow_exception(thrown);
-    } catch (const std::bad_alloc&) {
-        std::fputs("rulemesh: out of memory\n", stderr);
-        std::_Exit(rulemesh::RanOutOfMemory);
-    }
-    std::abort();
-}
 
 #ifdef RULEMESH_HAS_APPLICATION
 int Unknown(const std::string& word)
@@ -50,7 +38,7 @@ int OpenWithoutCommand(const CLI::App& program, char* name, const std::string& f
     std::error_code trouble;
     if (!file.empty() && !std::filesystem::exists(file, trouble))
         return Unknown(file);
-    return rulemesh::RunOpen(name, file);
+    return rulemesh::BecomeWindowProgram(name, {rulemesh::WindowProgram::Open, file});
 }
 #endif
 
@@ -94,7 +82,7 @@ CLI::App* AddCheck(CLI::App& program, rulemesh::CheckOptions& options)
 
 int main(int argc, char** argv)
 {
-    std::set_terminate(EndWithoutMemory);
+    std::set_terminate(rulemesh::EndWithoutMemory);
     CLI::App program("Rulemesh: a visual designer for data-migration mappings.");
     program.name("rulemesh");
     program.set_version_flag("--version", "rulemesh " RULEMESH_VERSION);
@@ -103,8 +91,9 @@ int main(int argc, char** argv)
     rulemesh::DriveOptions options;
     CLI::App* drive =
         program.add_subcommand("drive", "Run the designer without a window, from requests of one JSON object a line.");
-    drive->add_option("FILE", options.File, "File with the requests; standard input when left out.");
-    drive->add_flag("--strict", options.Strict, "End with status 1 behind the first request that was not done.");
+    drive->add_option("FILE", options.Requests.File, "File with the requests; standard input when left out.");
+    drive->add_flag("--strict", options.Requests.Strict,
+                    "End with status 1 behind the first request that was not done.");
 #ifdef RULEMESH_HAS_WINDOW
     drive->add_flag("--window", options.Window, "Show the designer in a window, and work it by mouse and key events.");
 #endif
@@ -147,9 +136,9 @@ int main(int argc, char** argv)
     if (!alone.empty()) // a word before the command
         return Unknown(alone);
     if (open->parsed())
-        return rulemesh::RunOpen(argv[0], object);
+        return rulemesh::BecomeWindowProgram(argv[0], {rulemesh::WindowProgram::Open, object});
 #endif
     if (checks->parsed())
         return rulemesh::RunCheck(check, std::cout, std::cerr);
-    return rulemesh::RunDrive(options);
+    return rulemesh::RunDrive(options, argv[0]);
 }

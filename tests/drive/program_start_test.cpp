@@ -71,6 +71,32 @@ TEST_F(ProgramStart, WithoutWordsTheApplicationOpensOnADisplay)
     EXPECT_EQ(outcome.status, 124) << outcome.output; // still there when its time was up
 }
 
+TEST_F(ProgramStart, NothingOfTheWindowsToolkitIsLoadedWithoutAWindow)
+{
+    const Outcome outcome = RunShell("LD_TRACE_LOADED_OBJECTS=1 \"$RULEMESH\"");
+    EXPECT_THAT(outcome.output, AllOf(HasSubstr("libstdc++"), Not(HasSubstr("Qt"))));
+}
+
+TEST_F(ProgramStart, RequestsAreAnsweredInAWindow)
+{
+    Put(folder / "requests", "{\"do\":\"focused\",\"id\":1}\n{\"do\":\"nonsense\"}\n{\"do\":\"xml\"}\n");
+    const Outcome outcome = RunShell("QT_QPA_PLATFORM=offscreen \"$RULEMESH\" drive --window --strict '" +
+                                     (folder / "requests").native() + "' 2>/dev/null");
+    EXPECT_THAT(outcome.output,
+                AllOf(HasSubstr("{\"id\":1,\"ok\":true"), HasSubstr("no verb"), Not(HasSubstr("value\":\"\""))));
+    EXPECT_EQ(outcome.status, 1);
+}
+
+TEST_F(ProgramStart, AMissingWindowProgramIsTold)
+{
+    const std::string lone = (folder / "rulemesh").native();
+    const Outcome outcome =
+        RunShell("cp \"$RULEMESH\" '" + lone + "' && QT_QPA_PLATFORM=offscreen '" + lone + "' open");
+    EXPECT_THAT(outcome.output, AllOf(StartsWith("rulemesh: can't start "),
+                                      HasSubstr("which opens windows: No such file or directory")));
+    EXPECT_EQ(outcome.status, 6);
+}
+
 TEST_F(ProgramStart, WindowsWithoutADisplayAreRefused)
 {
     for (const std::string& arguments : {"open '" + (folder / "object.xml").native() + "'",
