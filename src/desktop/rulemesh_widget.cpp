@@ -148,6 +148,16 @@ QString RulemeshWidget::UndoText() const { return ToQt(control_->UndoText()); }
 
 QString RulemeshWidget::RedoText() const { return ToQt(control_->RedoText()); }
 
+QStringList RulemeshWidget::StepNames() const
+{
+    QStringList names;
+    for (const Text& name : control_->StepNames())
+        names += ToQt(name);
+    return names;
+}
+
+int RulemeshWidget::StepsDone() const { return static_cast<int>(control_->StepsDone()); }
+
 bool RulemeshWidget::Undo()
 {
     bool done = false;
@@ -160,6 +170,14 @@ bool RulemeshWidget::Redo()
     bool done = false;
     surface_->GoBack([&] { done = control_->Redo(); });
     return done;
+}
+
+bool RulemeshWidget::GoToStep(int done)
+{
+    bool gone = false;
+    if (done >= 0)
+        surface_->GoBack([&] { gone = control_->GoToStep(static_cast<std::size_t>(done)); });
+    return gone;
 }
 
 void RulemeshWidget::TakeFocusOut()

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include <QString>
+#include <QStringList>
 #include <QWidget>
 
 #include "base/failure.h"
@@ -52,6 +53,10 @@ public:
     Q_INVOKABLE [[nodiscard]] QString UndoText() const;
     Q_INVOKABLE [[nodiscard]] QString RedoText() const;
 
+    /// What Undo and Redo can reach, the oldest change first, and how many of them are done.
+    Q_INVOKABLE [[nodiscard]] QStringList StepNames() const;
+    Q_INVOKABLE [[nodiscard]] int StepsDone() const;
+
     /// Saves and prunes, and may ask the user; a null text when a failure was raised.
     Q_INVOKABLE [[nodiscard]] QString MappingObjectXML();
     Q_INVOKABLE [[nodiscard]] QByteArray MappingObjectXmlUtf8();
@@ -93,6 +98,9 @@ public slots:
     /// read-only designer. The boxes' own undo commands come here too.
     bool Undo();
     bool Redo();
+
+    /// Takes changes back or does them again until so many are done, in one go.
+    bool GoToStep(int done);
 
     /// Takes the focus out of the control as a click elsewhere does. A host calls it before it reads MappingObjectXML:
     /// that read saves what the views hold, but a cell that is still open is committed by leaving it alone.

@@ -110,6 +110,12 @@ public:
     [[nodiscard]] Text UndoText() const { return history_.UndoText(); }
     [[nodiscard]] Text RedoText() const { return history_.RedoText(); }
 
+    /// The names of all changes, the oldest first: those that are done, then those that were taken back. GoToStep takes
+    /// changes back or does them again until so many are done; false, and nothing done, like Undo.
+    [[nodiscard]] std::vector<Text> StepNames() const { return history_.StepNames(); }
+    [[nodiscard]] std::size_t StepsDone() const noexcept { return history_.StepsDone(); }
+    bool GoToStep(std::size_t done) { return history_.GoToStep(done); }
+
     /// The most memory that the history may take, in bytes, about; 256 MB when nobody says. The oldest changes go
     /// first.
     void HistoryMemory(std::size_t bytes) { history_.Memory(bytes); }

@@ -27,6 +27,45 @@ bool History::Undo()
 {
     if (!MayAct() || undo_.empty())
         return false;
+    UndoStep();
+    Tell();
+    return true;
+}
+
+bool History::Redo()
+{
+    if (!MayAct() || redo_.empty())
+        return false;
+    RedoStep();
+    Tell();
+    return true;
+}
+
+bool History::GoToStep(std::size_t done)
+{
+    if (!MayAct() || done == undo_.size() || done > undo_.size() + redo_.size())
+        return false;
+    while (undo_.size() > done)
+        UndoStep();
+    while (undo_.size() < done)
+        RedoStep();
+    Tell();
+    return true;
+}
+
+std::vector<Text> History::StepNames() const
+{
+    std::vector<Text> names;
+    names.reserve(undo_.size() + redo_.size());
+    for (const Step& step : undo_)
+        names.push_back(step.Name);
+    for (auto undone = redo_.rbegin(); undone != redo_.rend(); ++undone)
+        names.push_back(undone->Done.Name);
+    return names;
+}
+
+void History::UndoStep()
+{
     Moment asked = Now();
     moves_.Append(XmlDocument_.TakeEdits());
     redo_.reserve(redo_.size() + 1);
@@ -36,15 +75,11 @@ bool History::Undo()
     XmlDocument_.TakeBack(undone.Done.Edits);
     PutBack(undone.Done.Before);
     redo_.push_back(std::move(undone));
-    Tell();
-    return true;
 }
 
 // Moves that came behind the undo are taken back first: the edits fit nothing else than what they were taken from.
-bool History::Redo()
+void History::RedoStep()
 {
-    if (!MayAct() || redo_.empty())
-        return false;
     moves_.Append(XmlDocument_.TakeEdits());
     XmlDocument_.TakeBack(moves_);
     UndoneStep undone = std::move(redo_.back());
@@ -54,8 +89,6 @@ bool History::Redo()
     PutBack(undone.Asked);
     undo_.push_back(std::move(undone.Done));
     moves_ = std::move(undone.Moves);
-    Tell();
-    return true;
 }
 
 void History::ActionBegins()

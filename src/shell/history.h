@@ -36,6 +36,14 @@ public:
     [[nodiscard]] Text UndoText() const { return undo_.empty() ? Text() : undo_.back().Name; }
     [[nodiscard]] Text RedoText() const { return redo_.empty() ? Text() : redo_.back().Done.Name; }
 
+    /// The names of all steps, the oldest first: those that are done, then those that were undone.
+    [[nodiscard]] std::vector<Text> StepNames() const;
+    [[nodiscard]] std::size_t StepsDone() const noexcept { return undo_.size(); }
+
+    /// Undoes or redoes until so many steps are done, and tells of it once. False, and nothing done, when so many are
+    /// done already or there are not so many, and where Undo and Redo do nothing.
+    bool GoToStep(std::size_t done);
+
     /// The most memory that the steps may take, about; the oldest go first.
     void Memory(std::size_t bytes);
 
@@ -69,6 +77,8 @@ private:
         Moment Asked;
     };
 
+    void UndoStep();
+    void RedoStep();
     void ActionBegins();
     void ActionEnds(const Action& action);
     void AddStep(const Action& action, DocumentEdits edits);
