@@ -3,6 +3,7 @@
 #include <exception>
 
 #include "desktop/rulemesh_widget.h"
+#include "host/files/host_error.h"
 #include "host/opened/open_object.h"
 
 namespace rulemesh {
@@ -26,8 +27,12 @@ void DraftKeeper::Drop(const QString& file)
 {
     file_ = file;
     written_.clear();
-    if (draft_)
-        draft_->Discard();
+    try {
+        if (draft_)
+            draft_->Discard();
+    } catch (const HostError& error) {
+        emit Warned(error.Text());
+    }
     draft_.reset(); // the next one bears the name of the file that the object has by then
 }
 
@@ -40,7 +45,7 @@ void DraftKeeper::Turn()
             Drop(file_);
     } catch (const std::exception& error) { // an object that can't be told, or a draft that can't be written
         if (!std::exchange(failed_, true))
-            emit Failed(QString::fromUtf8(error.what()));
+            emit Warned(QStringLiteral("No draft is being kept. ") + QString::fromUtf8(error.what()));
     }
 }
 

@@ -38,8 +38,8 @@ public:
     void Turn();
 
 signals:
-    /// The draft can't be written. Told once, until one can be written again.
-    void Failed(const QString& text);
+    /// The draft can't be written, which is told once, until one can be written again; or one can't be removed.
+    void Warned(const QString& text);
 
 private:
     void Write();

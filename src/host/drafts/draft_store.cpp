@@ -89,7 +89,17 @@ void Draft::Write(const QString& file, const ObjectText& text)
     WriteFileAtOnce(path_, instruction + text.Object);
 }
 
-void Draft::Discard() { QFile::remove(path_); }
+void Draft::Discard()
+{
+    QFile file(path_);
+    if (file.remove() || !file.exists())
+        return;
+    const QString reason = file.errorString();
+    if (!file.resize(0))
+        throw HostError(QStringLiteral("The draft %1 is not wanted any more, but it can't be removed: %2. Remove it by "
+                                       "hand; until then it will be offered for recovery.")
+                            .arg(path_, reason));
+}
 
 DraftStore::DraftStore(QString folder) : folder_(std::move(folder)) {}
 
@@ -116,6 +126,10 @@ std::unique_ptr<Draft> DraftStore::Begin(const QString& file)
 void DraftStore::Sweep() const
 {
     SweepFolder(QFile::encodeName(folder_).toStdString(), DraftEnding.data());
+    for (const QFileInfo& draft : QDir(folder_).entryInfoList({QStringLiteral("*") + DraftEnding}, QDir::Files)) {
+        if (draft.size() == 0 && Locked(draft.filePath())) // discarded, but it could not be removed then
+            QFile::remove(draft.filePath());
+    }
     // Earlier versions wrote to names of six characters more, and a lock without its draft was left while it was made.
     const QDir folder(folder_);
     const QString unfinished = QStringLiteral("*") + DraftEnding + QStringLiteral(".??????");

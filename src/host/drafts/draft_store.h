@@ -30,7 +30,8 @@ public:
     /// Replaces the draft as one act. Raises HostError when that can't be done.
     void Write(const QString& file, const ObjectText& text);
 
-    /// Takes the draft away: the object was saved, or its user wants none of it.
+    /// Takes the draft away: the object was saved, or its user wants none of it. Where the file can't be removed it is
+    /// emptied, so that nobody is offered it; raises HostError when that can't be done either.
     void Discard();
 
     /// The file that the draft is written to.

@@ -41,8 +41,7 @@ void CurrentObject::Show(Opening opening)
     keeper_ = std::make_unique<DraftKeeper>(*object_, drafts_, path_, draftTimes_, std::move(opening.Handle));
     connect(object_.get(), &OpenObject::StateChanged, this, &CurrentObject::StateChanged);
     connect(object_.get(), &OpenObject::FailureRaised, this, &CurrentObject::FailureRaised);
-    connect(keeper_.get(), &DraftKeeper::Failed, this,
-            [this](const QString& text) { emit Warned(QStringLiteral("No draft is being kept. ") + text); });
+    connect(keeper_.get(), &DraftKeeper::Warned, this, &CurrentObject::Warned);
     emit Replaced();
 }
 
@@ -234,10 +233,10 @@ bool CurrentObject::SaveTo(const QString& path)
     path_ = absolute;
     stamp_ = StampOf(path_);
     object_->NoteSaved();
-    keeper_->Drop(path_);
     Remember(path_);
     emit StateChanged();
     emit Noticed(QStringLiteral("Saved %1").arg(QFileInfo(path_).fileName()));
+    keeper_->Drop(path_);
     return true;
 }
 

@@ -32,9 +32,18 @@ void DraftOffers::Offer(std::vector<DraftStore::Orphan> orphans)
         const DraftStore::Orphan chosen = dialog.Chosen();
         if (dialog.Answer() == RecoverDialog::Choice::Recover)
             return Recover(chosen);
-        if (const DraftStore::Recovered draft = drafts_.TakeOver(chosen); draft.Handle)
-            draft.Handle->Discard();
+        Discard(chosen);
         std::erase_if(orphans, [&](const DraftStore::Orphan& orphan) { return orphan.Path == chosen.Path; });
+    }
+}
+
+void DraftOffers::Discard(const DraftStore::Orphan& orphan)
+{
+    try {
+        if (const DraftStore::Recovered draft = drafts_.TakeOver(orphan); draft.Handle)
+            draft.Handle->Discard();
+    } catch (const HostError& error) {
+        TellProblem(&window_, QStringLiteral("The draft can't be discarded."), error.Text());
     }
 }
 

@@ -36,6 +36,7 @@ signals:
 
 private:
     void Offer(std::vector<DraftStore::Orphan> orphans);
+    void Discard(const DraftStore::Orphan& orphan);
     void Recover(const DraftStore::Orphan& orphan);
 
     CurrentObject& current_;

@@ -7,6 +7,7 @@
 
 #include "host/files/host_error.h"
 #include "platform/file_size_limit.h"
+#include "platform/ordinary_user.h"
 #include "platform/temporary_folder.h"
 
 namespace rulemesh {
@@ -138,6 +139,36 @@ TEST_F(Drafts, ThatCanNotBeKeptAreTold)
     DraftStore store = Store();
     EXPECT_THROW((void)store.Begin({}), HostError);
     EXPECT_TRUE(store.Orphans().empty());
+}
+
+TEST_F(Drafts, ThatCanNotBeRemovedAreNotOfferedAgain)
+{
+    const OrdinaryUser somebody(folder_.Path());
+    const auto draft = Store().Begin(File("object.xml"));
+    draft->Write(File("object.xml"), Object);
+    const auto changeable = QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner;
+    ASSERT_TRUE(QFile::setPermissions(File("drafts"), QFileDevice::ReadOwner | QFileDevice::ExeOwner));
+    draft->Discard();
+    QFile lock(draft->Path().chopped(10) + QStringLiteral(".lock"));
+    EXPECT_TRUE(QFile::exists(draft->Path()));
+    ASSERT_TRUE(QFile::setPermissions(File("drafts"), changeable));
+    ASSERT_TRUE(lock.remove()); // as a program leaves it that has ended
+    EXPECT_TRUE(Store().Orphans().empty());
+    Store().Sweep();
+    EXPECT_FALSE(QFile::exists(draft->Path()));
+}
+
+TEST_F(Drafts, ThatStayInTheWayAreTold)
+{
+    const auto draft = Store().Begin(File("object.xml"));
+    ASSERT_TRUE(QDir().mkpath(draft->Path() + QStringLiteral("/full")));
+    try {
+        draft->Discard();
+        FAIL() << "nothing was told";
+    } catch (const HostError& error) {
+        EXPECT_TRUE(error.Text().contains(draft->Path()));
+        EXPECT_TRUE(error.Text().contains(QStringLiteral("can't be removed")));
+    }
 }
 
 } // namespace

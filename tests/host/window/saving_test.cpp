@@ -89,6 +89,18 @@ TEST_F(SavingTest, TellsThatNoDraftIsKeptOnAFullDisk)
     EXPECT_TRUE(WaitFor([this] { return DraftsOnDisk().size() == 1; })); // it tries again
 }
 
+TEST_F(SavingTest, TellsADraftThatItCanNotRemove)
+{
+    Type(Typed);
+    ASSERT_TRUE(WaitFor([this] { return DraftsOnDisk().size() == 1; }));
+    const QString draft = File("drafts") + u'/' + DraftsOnDisk().first();
+    ASSERT_TRUE(QFile::remove(draft));
+    ASSERT_TRUE(QDir().mkpath(draft + QStringLiteral("/full")));
+    EXPECT_TRUE(window->Current().Save());
+    EXPECT_TRUE(window->statusBar()->currentMessage().contains(draft));
+    EXPECT_THAT(OnDisk(), HasSubstr("customers of today"));
+}
+
 TEST_F(SavingTest, NeedsNoRoomForTheCopyFile)
 {
     const std::filesystem::path cache = folder / "cache";
