@@ -7,16 +7,12 @@
 
 namespace rulemesh {
 
-namespace {
-
-QString AsPlainText(const QString& text)
+QString PlainToolTip(const QString& text)
 {
     if (!Qt::mightBeRichText(text))
         return text;
     return QStringLiteral("<p style='white-space:pre'>%1</p>").arg(text.toHtmlEscaped());
 }
-
-} // namespace
 
 bool ShowToolTip(const QHelpEvent& event, QWidget& widget)
 {
@@ -32,7 +28,7 @@ bool ShowToolTip(const QHelpEvent& event, QWidget& widget)
     }
     if (text.isEmpty())
         return false;
-    QToolTip::showText(event.globalPos(), AsPlainText(text), &widget, place);
+    QToolTip::showText(event.globalPos(), PlainToolTip(text), &widget, place);
     return true;
 }
 

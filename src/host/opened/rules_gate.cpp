@@ -102,6 +102,8 @@ QString RulesGate::TryToOpen(Reading reading)
     if (isBeingTyped || !mayAsk || !MigratesCleanly(script) || script == tried_)
         return LeaveAgain();
     tried_ = script;
+    // No step of the user's: it goes with the one that entered the table.
+    const ActionScope scope(control.Views().Tree.Acting, {.What = Action::Kind::Move});
     if (!unlisted.isEmpty())
         widget_.SourceTables(SourceTablesWith(widget_.SourceTables(), unlisted));
     if (reading == Reading::ByShowControl)

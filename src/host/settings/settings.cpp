@@ -11,6 +11,7 @@ const QString FontKey = QStringLiteral("font");
 const QString HighlightingKey = QStringLiteral("highlighting");
 const QString RecentKey = QStringLiteral("recent");
 const QString GeometryKey = QStringLiteral("geometry");
+const QString DocksKey = QStringLiteral("docks");
 const QString FolderKey = QStringLiteral("folder");
 
 } // namespace
@@ -49,6 +50,10 @@ void Settings::Recent(const RecentFiles& files) { store_->setValue(RecentKey, fi
 QByteArray Settings::Geometry() const { return store_->value(GeometryKey).toByteArray(); }
 
 void Settings::Geometry(const QByteArray& geometry) { store_->setValue(GeometryKey, geometry); }
+
+QByteArray Settings::Docks() const { return store_->value(DocksKey).toByteArray(); }
+
+void Settings::Docks(const QByteArray& docks) { store_->setValue(DocksKey, docks); }
 
 QString Settings::Folder() const
 {

@@ -38,6 +38,10 @@ public:
     [[nodiscard]] QByteArray Geometry() const;
     void Geometry(const QByteArray& geometry);
 
+    /// Which docks are shown, and where.
+    [[nodiscard]] QByteArray Docks() const;
+    void Docks(const QByteArray& docks);
+
     /// The folder that the last file dialog ended in.
     [[nodiscard]] QString Folder() const;
     void Folder(const QString& folder);

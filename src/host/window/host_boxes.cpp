@@ -1,5 +1,6 @@
 #include "host/window/host_boxes.h"
 
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -15,6 +16,8 @@ void Tell(QMessageBox& box, const QString& what, const QString& why)
     box.setText(what);
     const QStringList lines = why.split(u'\n');
     box.setInformativeText(lines.first(std::min(lines.size(), LinesInSight)).join(u'\n'));
+    for (QLabel* label : box.findChildren<QLabel*>())
+        label->setTextFormat(Qt::PlainText); // the box itself sees to its first text alone
     if (lines.size() > LinesInSight)
         box.setDetailedText(why);
 }

@@ -10,6 +10,7 @@
 #include <QStatusBar>
 
 #include "desktop/rulemesh_widget.h"
+#include "desktop/tool_tips.h"
 #include "host/reading/failure_advice.h"
 #include "host/settings/settings.h"
 #include "host/window/host_boxes.h"
@@ -34,8 +35,8 @@ QString DraggedFile(const QDropEvent& event)
 
 MainWindow::MainWindow(Settings& settings, DraftStore& drafts, DraftTimes draftTimes)
     : settings_(settings), current_(settings, drafts, draftTimes, *this), drafts_(current_, drafts, *this),
-      import_(current_, settings, *this), designerSettings_(settings, current_, *this),
-      menus_(*this, {current_, drafts_, import_, designerSettings_}, settings), hintLabel_(new QLabel),
+      import_(current_, settings, *this), designerSettings_(settings, current_, *this), steps_(new StepsDock(this)),
+      menus_(*this, {current_, drafts_, import_, designerSettings_}, {steps_}, settings), hintLabel_(new QLabel),
       targetLabel_(new QLabel)
 {
     setAcceptDrops(true);
@@ -44,6 +45,7 @@ MainWindow::MainWindow(Settings& settings, DraftStore& drafts, DraftTimes draftT
     statusBar()->addWidget(hintLabel_, 1);
     statusBar()->addPermanentWidget(targetLabel_);
     setMinimumWidth(SmallestWidth);
+    addDockWidget(Qt::RightDockWidgetArea, steps_);
     connect(&current_, &CurrentObject::Replaced, this, &MainWindow::ShowWhatIsOpen);
     connect(&current_, &CurrentObject::StateChanged, this, &MainWindow::ShowState);
     connect(&current_, &CurrentObject::Opened, &drafts_, &DraftOffers::OfferFor);
@@ -56,16 +58,19 @@ MainWindow::MainWindow(Settings& settings, DraftStore& drafts, DraftTimes draftT
     ShowWhatIsOpen();
     if (!restoreGeometry(settings_.Geometry()))
         resize(960, 620);
+    restoreState(settings_.Docks());
 }
 
 MainWindow::~MainWindow() = default;
 
 void MainWindow::ShowWhatIsOpen()
 {
-    if (OpenObject* object = current_.Object())
+    OpenObject* object = current_.Object();
+    if (object != nullptr)
         ShowDesigner(*object);
     else
         ShowStartPage();
+    steps_->Follow(object != nullptr ? &object->Widget() : nullptr);
     ShowState();
 }
 
@@ -145,6 +150,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
         return;
     }
     settings_.Geometry(saveGeometry());
+    settings_.Docks(saveState());
     event->accept();
 }
 
@@ -152,7 +158,7 @@ void MainWindow::ShowState()
 {
     OpenObject* object = current_.Object();
     hintLabel_->setText(object != nullptr ? object->RulesHint() : QString());
-    hintLabel_->setToolTip(hintLabel_->text());
+    hintLabel_->setToolTip(PlainToolTip(hintLabel_->text()));
     targetLabel_->setText(object != nullptr ? QStringLiteral("Target table %1").arg(object->Widget().TargetTable())
                                             : QStringLiteral(" "));
     ShowTitle();

@@ -7,6 +7,7 @@
 #include "host/window/designer_settings.h"
 #include "host/window/draft_offers.h"
 #include "host/window/menus.h"
+#include "host/window/steps_dock.h"
 
 class QLabel;
 
@@ -49,6 +50,7 @@ private:
     DraftOffers drafts_;
     CatalogueImport import_;
     DesignerSettings designerSettings_;
+    StepsDock* steps_;
     Menus menus_;
     QLabel* hintLabel_;
     QLabel* targetLabel_;

@@ -3,12 +3,14 @@
 #include <QAction>
 #include <QApplication>
 #include <QDir>
+#include <QDockWidget>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
 
 #include "desktop/rulemesh_widget.h"
+#include "desktop/tool_tips.h"
 #include "host/settings/settings.h"
 #include "host/window/catalogue_import.h"
 #include "host/window/current_object.h"
@@ -17,10 +19,12 @@
 
 namespace rulemesh {
 
-Menus::Menus(QMainWindow& window, Doers doers, Settings& settings) : window_(window), doers_(doers), settings_(settings)
+Menus::Menus(QMainWindow& window, Doers doers, const QList<QDockWidget*>& docks, Settings& settings)
+    : window_(window), doers_(doers), settings_(settings)
 {
     MakeFileMenu();
     MakeEditMenu();
+    MakeViewMenu(docks);
     MakeDesignerMenu();
     MakeHelpMenu();
     FillRecent();
@@ -73,6 +77,13 @@ void Menus::MakeEditMenu()
     redo_->setShortcuts({QKeySequence(QStringLiteral("Ctrl+Shift+Z")), QKeySequence(QStringLiteral("Ctrl+Y"))});
 }
 
+void Menus::MakeViewMenu(const QList<QDockWidget*>& docks)
+{
+    QMenu& view = *window_.menuBar()->addMenu(QStringLiteral("&View"));
+    for (QDockWidget* dock : docks)
+        view.addAction(dock->toggleViewAction());
+}
+
 void Menus::MakeDesignerMenu()
 {
     DesignerSettings& settings = doers_.Designer;
@@ -108,7 +119,7 @@ void Menus::FillRecent()
         QString caption = captions[at];
         QAction* action = recent_->addAction(
             QStringLiteral("&%1 %2").arg((at + 1) % 10).arg(caption.replace(u'&', QStringLiteral("&&"))));
-        action->setToolTip(QDir::toNativeSeparators(path));
+        action->setToolTip(PlainToolTip(QDir::toNativeSeparators(path)));
         connect(action, &QAction::triggered, this, [this, path] { doers_.Current.Open(path); });
     }
     recent_->addSeparator();

@@ -3,9 +3,11 @@
 #include <functional>
 
 #include <QKeySequence>
+#include <QList>
 #include <QObject>
 
 class QAction;
+class QDockWidget;
 class QMainWindow;
 class QMenu;
 
@@ -30,8 +32,8 @@ public:
         DesignerSettings& Designer;
     };
 
-    /// Fills the menu bar of the window. All must outlive this.
-    Menus(QMainWindow& window, Doers doers, Settings& settings);
+    /// Fills the menu bar of the window; each dock can be shown and closed. All must outlive this.
+    Menus(QMainWindow& window, Doers doers, const QList<QDockWidget*>& docks, Settings& settings);
 
     /// Brings the entries to what is open now.
     void Update();
@@ -40,6 +42,7 @@ private:
     QAction* Add(QMenu& menu, const QString& caption, const QKeySequence& keys, std::function<void()> does);
     void MakeFileMenu();
     void MakeEditMenu();
+    void MakeViewMenu(const QList<QDockWidget*>& docks);
     void MakeDesignerMenu();
     void MakeHelpMenu();
     void FillRecent();

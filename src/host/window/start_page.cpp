@@ -7,6 +7,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "desktop/tool_tips.h"
+
 namespace rulemesh {
 
 StartPage::StartPage(const QStringList& recent, const QStringList& captions, QWidget* parent) : QWidget(parent)
@@ -36,10 +38,11 @@ StartPage::StartPage(const QStringList& recent, const QStringList& captions, QWi
     layout->addLayout(buttons);
     layout->addSpacing(12);
     for (qsizetype at = 0; at < recent.size(); ++at) {
-        auto* file = new QPushButton(captions[at]);
+        QString caption = captions[at];
+        auto* file = new QPushButton(caption.replace(u'&', QStringLiteral("&&")));
         file->setFlat(true);
         file->setCursor(Qt::PointingHandCursor);
-        file->setToolTip(QDir::toNativeSeparators(recent[at]));
+        file->setToolTip(PlainToolTip(QDir::toNativeSeparators(recent[at])));
         connect(file, &QPushButton::clicked, this, [this, path = recent[at]] { emit FileWanted(path); });
         layout->addWidget(file, 0, Qt::AlignHCenter);
     }
