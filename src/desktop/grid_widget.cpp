@@ -130,10 +130,10 @@ void GridWidget::Sync()
     model_.Refresh();
     for (int col = 0; col < Grid::ColumnCount; ++col)
         table.horizontalHeader()->resizeSection(col, Surface().Pixels(grid_.ColWidth(col)));
-    const QModelIndex current = model_.index(grid_.Row(), grid_.Col());
+    const QModelIndex current = model_.index(grid_.Row().Number(), grid_.Col());
     selection_.Show(current, QItemSelection(current, current));
     table.setAttribute(Qt::WA_InputMethodEnabled);
-    table.Top = grid_.TopRow();
+    table.Top = grid_.TopRow().Number();
     table.verticalScrollBar()->setRange(0, std::max(grid_.Rows() - 1, 0));
     table.verticalScrollBar()->setValue(table.Top);
     table.verticalHeader()->setOffsetToSectionPosition(table.Top);
@@ -145,21 +145,21 @@ bool GridWidget::MoveByKey(const QKeyEvent& event)
 {
     if ((event.modifiers() & (Qt::AltModifier | Qt::MetaModifier)) != 0)
         return false;
-    const int page = std::max(1, grid_.Height() / Grid::RowHeight - 1);
-    int row = grid_.Row();
+    const int page = std::max(1, grid_.Places().CountIn(grid_.Height()) - 1);
+    GridRow row = grid_.Row();
     int col = grid_.Col();
     switch (event.key()) {
     case Qt::Key_Up:
-        --row;
+        row = row - 1;
         break;
     case Qt::Key_Down:
         ++row;
         break;
     case Qt::Key_PageUp:
-        row -= page;
+        row = row - page;
         break;
     case Qt::Key_PageDown:
-        row += page;
+        row = row + page;
         break;
     case Qt::Key_Home:
         row = 0;
@@ -204,7 +204,7 @@ bool GridWidget::HandleKey(QKeyEvent& event)
 }
 
 // A row that is drawn in part is scrolled into sight first.
-void GridWidget::ClickCell(int row, int col, Grid::Clicks clicks)
+void GridWidget::ClickCell(GridRow row, int col, Grid::Clicks clicks)
 {
     Surface().Act([&] {
         grid_.UserScrollsToShow(row);

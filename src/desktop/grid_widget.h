@@ -45,7 +45,7 @@ protected:
 
 private:
     [[nodiscard]] bool MoveByKey(const QKeyEvent& event);
-    void ClickCell(int row, int col, Grid::Clicks clicks);
+    void ClickCell(GridRow row, int col, Grid::Clicks clicks);
 
     Grid& grid_;
     std::unique_ptr<QTableView> widget_;

@@ -17,7 +17,7 @@ QVariant ListModel::data(const QModelIndex& index, int role) const
 {
     if (!index.isValid() || index.row() >= list_.Count())
         return {};
-    const int row = index.row() + 1;
+    const ListRow row = RowOf(index);
     switch (role) {
     case Qt::DisplayRole:
         return ToQt(list_.At(row).TextAt(index.column()));
@@ -62,7 +62,7 @@ bool ListModel::setData(const QModelIndex& index, const QVariant& value, int rol
 {
     if (role != Qt::CheckStateRole || !list_.HasCheckBoxes() || index.column() != 0)
         return false;
-    OnTick(index.row() + 1, value.toInt() == Qt::Checked);
+    OnTick(RowOf(index), value.toInt() == Qt::Checked);
     return true;
 }
 

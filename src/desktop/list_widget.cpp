@@ -61,9 +61,9 @@ ListWidget::ListWidget(ViewSurface& surface, ListView& list, QWidget& parent)
     header.setFocusPolicy(Qt::NoFocus);
     connect(&header, &QHeaderView::sectionClicked, this,
             [this](int section) { Surface().Act([&] { list_.UserClicksHeader(section + 1); }); });
-    model_.OnTick = [this](int row, bool checked) { SetTick(row, checked); };
+    model_.OnTick = [this](ListRow row, bool checked) { SetTick(row, checked); };
     selection_.OnWish = [this](const QModelIndex& index, ShownSelection::Wish wish) {
-        FollowWish(index.row() + 1, wish);
+        FollowWish(ListModel::RowOf(index), wish);
     };
     widget_->OnTypeAhead = [this](const QString& text) { TypeAhead(text); };
 }
@@ -105,23 +105,23 @@ void ListWidget::SyncSelection()
 {
     const int lastColumn = model_.columnCount() - 1;
     QItemSelection selection;
-    for (int row = 1; row <= list_.Count(); ++row) {
-        const int first = row;
+    for (ListRow row = 1; row <= list_.Count(); ++row) {
+        const ListRow first = row;
         while (row <= list_.Count() && list_.At(row).Selected)
             ++row;
         if (row > first)
-            selection.append(QItemSelectionRange(model_.index(first - 1, 0), model_.index(row - 2, lastColumn)));
+            selection.append(QItemSelectionRange(model_.IndexOf(first, 0), model_.IndexOf(row - 1, lastColumn)));
     }
-    selection_.Show(model_.index(list_.CurrentRow() - 1, list_.SearchPosition()), selection);
+    selection_.Show(model_.IndexOf(list_.CurrentRow(), list_.SearchPosition()), selection);
 }
 
-void ListWidget::ShowRow(int row)
+void ListWidget::ShowRow(ListRow row)
 {
-    if (row > 0 && row <= list_.Count())
-        widget_->scrollTo(model_.index(row - 1, widget_->header()->logicalIndexAt(0)));
+    if (row > NoListRow && row <= list_.Count())
+        widget_->scrollTo(model_.IndexOf(row, widget_->header()->logicalIndexAt(0)));
 }
 
-void ListWidget::GoToRow(int row, Qt::KeyboardModifiers held, void (ListView::*withControl)(int))
+void ListWidget::GoToRow(ListRow row, Qt::KeyboardModifiers held, void (ListView::*withControl)(ListRow))
 {
     ShowRow(row);
     Surface().Act([&] {
@@ -134,13 +134,13 @@ void ListWidget::GoToRow(int row, Qt::KeyboardModifiers held, void (ListView::*w
     });
 }
 
-void ListWidget::SetTick(int row, bool checked)
+void ListWidget::SetTick(ListRow row, bool checked)
 {
     ShowRow(row);
     Surface().Act([&] { list_.UserTicks(row, checked); });
 }
 
-void ListWidget::FollowWish(int row, ShownSelection::Wish wish)
+void ListWidget::FollowWish(ListRow row, ShownSelection::Wish wish)
 {
     const bool selected = row <= list_.Count() && list_.At(row).Selected;
     if (wish == ShownSelection::Wish::SelectAlone)
@@ -157,17 +157,17 @@ void ListWidget::TypeAhead(const QString& text)
     typed_ = goesOn ? typed_ + text : text;
     const bool oneCharacter = typed_.count(typed_.front()) == typed_.size();
     const QString sought = oneCharacter ? typed_.left(1) : typed_;
-    const int from = list_.CurrentRow() - (oneCharacter ? 0 : 1);
-    const int row = list_.RowBeginningWith(FromQt(sought), std::max(from, 0));
-    if (row != 0)
+    const ListRow from = list_.CurrentRow() - (oneCharacter ? 0 : 1);
+    const ListRow row = list_.RowBeginningWith(FromQt(sought), std::max(from, NoListRow));
+    if (row != NoListRow)
         GoToRow(row, Qt::NoModifier, nullptr);
 }
 
 // The row that a key leads to from the current one, 0 for a key that leads nowhere.
-int ListWidget::RowFor(int key) const
+ListRow ListWidget::RowFor(int key) const
 {
     const int page = std::max(1, widget_->viewport()->height() / std::max(1, widget_->sizeHintForRow(0)) - 1);
-    const auto within = [&](int row) { return std::clamp(row, 1, list_.Count()); };
+    const auto within = [&](ListRow row) { return std::clamp<ListRow>(row, 1, list_.Count()); };
     switch (key) {
     case Qt::Key_Up:
         return within(list_.CurrentRow() - 1);
@@ -182,7 +182,7 @@ int ListWidget::RowFor(int key) const
     case Qt::Key_End:
         return list_.Count();
     default:
-        return 0;
+        return NoListRow;
     }
 }
 
@@ -192,13 +192,13 @@ bool ListWidget::HandleKey(QKeyEvent& event)
         return false; // copying and going on select nothing
     const Qt::KeyboardModifiers held = event.modifiers();
     const bool plain = (held & (Qt::AltModifier | Qt::MetaModifier)) == 0;
-    const int current = list_.CurrentRow();
+    const ListRow current = list_.CurrentRow();
     QScrollBar& sideways = *widget_->horizontalScrollBar();
-    if (plain && list_.Count() > 0 && RowFor(event.key()) != 0)
+    if (plain && list_.Count() > 0 && RowFor(event.key()) != NoListRow)
         GoToRow(RowFor(event.key()), held, &ListView::UserMovesTo);
-    else if (plain && event.key() == Qt::Key_Space && current != 0 && (held & Qt::ControlModifier) != 0)
+    else if (plain && event.key() == Qt::Key_Space && current != NoListRow && (held & Qt::ControlModifier) != 0)
         GoToRow(current, Qt::ControlModifier, &ListView::UserTogglesRow);
-    else if (plain && event.key() == Qt::Key_Space && current != 0 && list_.HasCheckBoxes())
+    else if (plain && event.key() == Qt::Key_Space && current != NoListRow && list_.HasCheckBoxes())
         SetTick(current, !list_.At(current).Checked);
     else if (plain && event.key() == Qt::Key_Left)
         sideways.triggerAction(QAbstractSlider::SliderSingleStepSub);
@@ -211,9 +211,9 @@ bool ListWidget::HandleKey(QKeyEvent& event)
     return true;
 }
 
-QRect ListWidget::CheckBoxOf(int row) const
+QRect ListWidget::CheckBoxOf(ListRow row) const
 {
-    const QModelIndex index = model_.index(row - 1, 0);
+    const QModelIndex index = model_.IndexOf(row, 0);
     QStyleOptionViewItem option = widget_->ItemOption();
     option.rect = widget_->visualRect(index);
     option.features |= QStyleOptionViewItem::HasCheckIndicator;
@@ -228,7 +228,7 @@ bool ListWidget::HandleMousePress(QMouseEvent& event, bool twice)
         Surface().FocusFor(list_);
         return true;
     }
-    const int row = index.row() + 1;
+    const ListRow row = ListModel::RowOf(index);
     const Qt::KeyboardModifiers held = event.modifiers();
     // The first press may have scrolled; the second one of a double click is for the same row.
     const bool again = twice && pressed_ && (at - pressedAt_).manhattanLength() <= QApplication::startDragDistance();

@@ -20,7 +20,7 @@ public:
     void Sync() override;
 
     /// The place of a row's check box in the list's viewport.
-    [[nodiscard]] QRect CheckBoxOf(int row) const;
+    [[nodiscard]] QRect CheckBoxOf(ListRow row) const;
 
 protected:
     bool HandleKey(QKeyEvent& event) override;
@@ -31,13 +31,13 @@ private:
     class RowTree;
 
     /// Goes to a row as a click does, or as one with shift or control.
-    void GoToRow(int row, Qt::KeyboardModifiers modifiers, void (ListView::*withControl)(int));
-    void SetTick(int row, bool checked);
-    void ShowRow(int row);
+    void GoToRow(ListRow row, Qt::KeyboardModifiers modifiers, void (ListView::*withControl)(ListRow));
+    void SetTick(ListRow row, bool checked);
+    void ShowRow(ListRow row);
     void SyncSelection();
     void TypeAhead(const QString& text);
-    void FollowWish(int row, ShownSelection::Wish wish);
-    [[nodiscard]] int RowFor(int key) const;
+    void FollowWish(ListRow row, ShownSelection::Wish wish);
+    [[nodiscard]] ListRow RowFor(int key) const;
 
     ListView& list_;
     std::unique_ptr<RowTree> widget_;

@@ -39,6 +39,7 @@ public:
     }
     void SaveDoneDisabled() override { emit widget_.SaveDoneDisabled(); }
     void SaveDoneEnabled() override { emit widget_.SaveDoneEnabled(); }
+    void WorkChanged() override { emit widget_.WorkChanged(); }
     void HistoryChanged() override { emit widget_.HistoryChanged(); }
 
 private:

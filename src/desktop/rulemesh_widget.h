@@ -119,6 +119,10 @@ signals:
     /// A failure that ended a user's action or a call of the host; what was done before it stays done.
     void FailureRaised(int number, const QString& text);
 
+    /// The work is no longer what it was. Comes once at the end of an action of the user or the host, whatever ran
+    /// inside of it, and of an undo or redo.
+    void WorkChanged();
+
     /// What Undo or Redo would do is no longer what it was.
     void HistoryChanged();
 

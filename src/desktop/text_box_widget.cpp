@@ -113,14 +113,16 @@ void TextBoxWidget::Sync()
 void TextBoxWidget::StandOnGridRow()
 {
     for (const View* view : Surface().Tree().Views()) {
-        const bool besideBox = view->Kind() == ViewKind::Grid && view->Parent() == box_.Parent();
-        const int below = box_.Top() - view->Top();
-        if (besideBox && below >= 0 && below % Grid::RowHeight == 0) {
-            const int rowHeight = Surface().Pixels(Grid::RowHeight);
-            const QRect place = widget_->geometry();
-            widget_->setGeometry(place.left(), Surface().Pixels(view->Top()) + below / Grid::RowHeight * rowHeight,
-                                 place.width(), rowHeight);
-        }
+        if (view->Kind() != ViewKind::Grid || view->Parent() != box_.Parent())
+            continue;
+        const RowPlaces places = static_cast<const Grid*>(view)->Places();
+        const GridRow row = places.RowThatBeginsAt(box_.Top() - view->Top());
+        if (row == NoGridRow)
+            continue;
+        const RowPlaces drawn(places.Top(), Surface().Pixels(places.RowHeight()));
+        const QRect place = widget_->geometry();
+        widget_->setGeometry(place.left(), Surface().Pixels(view->Top()) + drawn.TopOf(row), place.width(),
+                             drawn.RowHeight());
     }
 }
 

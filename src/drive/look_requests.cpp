@@ -85,9 +85,9 @@ void Describe(Json& value, const Grid& grid)
     for (int row = 0; row < grid.Rows(); ++row)
         rows.push_back({JsonOf(grid.TextMatrix(row, 0)), JsonOf(grid.TextMatrix(row, 1))});
     value["rows"] = std::move(rows);
-    value["row"] = grid.Row();
+    value["row"] = grid.Row().Number();
     value["col"] = grid.Col();
-    value["top_row"] = grid.TopRow();
+    value["top_row"] = grid.TopRow().Number();
     value["columns"] = {grid.ColWidth(0), grid.ColWidth(1)};
 }
 

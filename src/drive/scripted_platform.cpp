@@ -91,21 +91,31 @@ private:
 
 Json Described(const ModalForm& form)
 {
-    const auto& box = dynamic_cast<const TextBox&>(*form.Tree.Find(u"TxtDoc"));
-    const auto& combo = dynamic_cast<const ComboBox&>(*form.Tree.Find(u"CmbTargetTable"));
-    Json entry = {{"mode", box.Visible() ? "note" : "chooser"}, {"caption", JsonOf(form.Caption())}};
-    if (box.Visible()) {
-        entry["text"] = JsonOf(box.Text());
-        entry["locked"] = box.Locked();
-        entry["ok_enabled"] = form.Tree.Find(u"CmdOk")->Enabled();
-    } else {
+    const ModalForm::Asked& asked = form.Asks();
+    Json entry = {{"mode", JsonOf(form.Mode())}, {"caption", JsonOf(form.Caption())}};
+    if (asked.Box != nullptr) {
+        entry["text"] = JsonOf(asked.Box->Text());
+        entry["locked"] = asked.Box->Locked();
+        entry["ok_enabled"] = asked.Accept != nullptr && asked.Accept->Enabled();
+    }
+    if (asked.Choice != nullptr) {
         Json entries = Json::array();
-        for (const ComboBox::Entry& table : combo.Entries())
-            entries.push_back(JsonOf(table.Text));
+        for (const ComboBox::Entry& choice : asked.Choice->Entries())
+            entries.push_back(JsonOf(choice.Text));
         entry["entries"] = std::move(entries);
-        entry["index"] = combo.ListIndex();
+        entry["index"] = asked.Choice->ListIndex();
     }
     return entry;
+}
+
+// A button that can't be pressed leaves the frame.
+void GiveUp(UserHands& hands, ModalForm& form)
+{
+    Button* const cancel = form.Asks().Cancel;
+    if (cancel != nullptr && cancel->CanBeReached())
+        hands.Click(*cancel);
+    if (form.IsOpen())
+        hands.CloseForm(form);
 }
 
 } // namespace
@@ -177,7 +187,7 @@ void ScriptedPlatform::ShowModal(ModalForm& form)
     for (auto step = steps.begin(); step != steps.end() && form.IsOpen(); ++step)
         TakeStep(hands_, form, *step);
     if (form.IsOpen())
-        hands_.Click(dynamic_cast<Button&>(*form.Tree.Find(u"CmdCancel")));
+        GiveUp(hands_, form);
 }
 
 int ScriptedPlatform::RunEditor(const Text& StrEditor, const Text& StrPath)

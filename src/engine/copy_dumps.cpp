@@ -91,8 +91,8 @@ void DumpCopying::cmdCopyToAllDumps_Click()
     Text StrTable = dump.Table();
     if (StrTable.empty())
         StrTable = state_.StrTargetTable;
-    const int selected = views_.lstTargetFields.SelectedRow();
-    if (selected == 0)
+    const ListRow selected = views_.lstTargetFields.SelectedRow();
+    if (selected == NoListRow)
         throw Failure(FailureCode::ObjectVariableNotSet, u"No field of lstTargetFields is selected");
     // The name is cut at the length of the table, and an index keeps its brackets: such a field is no valid path.
     const Text StrName = views_.lstTargetFields.TextAt(selected, TargetField::Name);

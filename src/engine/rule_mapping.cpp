@@ -25,8 +25,8 @@ void RuleMapping::CmdMap_Click()
 {
     const ListView& targets = views_.lstTargetFields;
     ListView& sources = views_.lstSourceFields;
-    const int selected = targets.SelectedRow();
-    if (selected == 0)
+    const ListRow selected = targets.SelectedRow();
+    if (selected == NoListRow)
         return;
     if (sources.Count() > std::numeric_limits<std::int16_t>::max())
         throw Failure(FailureCode::Overflow, u"lstSourceFields holds " + PlainNumber(sources.Count()) +

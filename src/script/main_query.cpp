@@ -67,7 +67,7 @@ void MainQueries::MainQuery(const Text& StrText)
     views_.cmdBuildMQ.Enabled(true);
 }
 
-void MainQueries::lstMigrateSource_ItemClick(int row)
+void MainQueries::lstMigrateSource_ItemClick(ListRow row)
 {
     constexpr TextView StrPrefix = u"migrate ";
     const Text StrRow = views_.lstMigrateSource.TextAt(row, 0);

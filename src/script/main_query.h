@@ -38,7 +38,7 @@ public:
     /// dumps.
     void MainQuery(const Text& StrText);
 
-    void lstMigrateSource_ItemClick(int row);
+    void lstMigrateSource_ItemClick(ListRow row);
     void txtMainQuery_GotFocus();
     void txtMainQuery_KeyDown(std::int16_t& KeyCode, std::int16_t Shift);
     void cmdBuildMQ_Click();

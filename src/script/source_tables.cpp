@@ -74,8 +74,8 @@ void SourceTableList::SourceTables(TextView i_SourceTables)
 void SourceTableList::lstSourceTables_KeyDown(std::int16_t KeyCode)
 {
     ListView& list = views_.lstSourceTables;
-    const int selected = list.SelectedRow();
-    if (KeyCode != DeleteKey || selected == 0)
+    const ListRow selected = list.SelectedRow();
+    if (KeyCode != DeleteKey || selected == NoListRow)
         return;
     list.Remove(selected);
     // Joined from the last row to the first; the refresh writes the text again in the order of the rows.

@@ -17,7 +17,8 @@ Action::Kind BeginsUnless(bool same) { return same ? Action::Kind::Move : Action
 } // namespace
 
 ctlRulemesh::ctlRulemesh(Platform& platform, ControlEvents& events)
-    : history_(XmlDocument_, state_, views_, events), platform_(platform), object_(XmlDocument_, state_),
+    : moments_(state_, views_), history_(XmlDocument_, state_, views_, moments_, events),
+      watch_(XmlDocument_, views_, moments_, history_, events), platform_(platform), object_(XmlDocument_, state_),
       scanner_(object_, state_, views_, platform), sourceTables_(object_, views_, events),
       queries_(object_, state_, views_, platform, events, scanner_),
       preConditions_(object_, state_, views_, platform, events, scanner_, queries_, sourceTables_),
@@ -46,69 +47,6 @@ void ctlRulemesh::UserControl_Initialize()
         box->Height(v.CmdOk.Top() - 50 - v.txtPreCondition.Top());
     }
     layout_.SetResizeImages(true, true);
-}
-
-void ctlRulemesh::WireHandlers()
-{
-    DesignerViews& v = views_;
-
-    v.Tree.KeyDown = [this](auto& KeyCode, auto Shift) { UserControl_KeyDown(KeyCode, Shift); };
-    v.Tree.ExitFocus = [this] { UserControl_ExitFocus(); };
-    v.MainTab.Click = [this](auto PreviousTab) { tabs_.MainTab_Click(PreviousTab); };
-
-    v.CmdSelectSource.Click = [this] { sourceTables_.CmdSelectSource_Click(); };
-    v.lstSourceTables.KeyDown = [this](auto& KeyCode, auto) { sourceTables_.lstSourceTables_KeyDown(KeyCode); };
-    v.txtPreCondition.GotFocus = [this] { preConditions_.txtPreCondition_GotFocus(); };
-    v.txtPreCondition.LostFocus = [this] { preConditions_.SavePreCondition(); };
-    v.txtPreCondition.KeyDown = [this](auto& KeyCode, auto Shift) {
-        preConditions_.txtPreCondition_KeyDown(KeyCode, Shift);
-    };
-    v.CmdBuildPre.Click = [this] { preConditions_.CmdBuildPre_Click(); };
-    v.lstMigrateSource.ItemClick = [this](int row) { queries_.lstMigrateSource_ItemClick(row); };
-    v.txtMainQuery.GotFocus = [this] { queries_.txtMainQuery_GotFocus(); };
-    v.txtMainQuery.LostFocus = [this] { queries_.SaveMainQuery(); };
-    v.txtMainQuery.KeyDown = [this](auto& KeyCode, auto Shift) { queries_.txtMainQuery_KeyDown(KeyCode, Shift); };
-    v.cmdBuildMQ.Click = [this] { queries_.cmdBuildMQ_Click(); };
-
-    v.CmbDump.Click = [this] { shownDump_.CmbDump_Click(); };
-    v.CmbDump.LostFocus = [this] { shownDump_.CmbDump_LostFocus(); };
-    v.Command1.Click = [this] { shownDump_.Command1_Click(); };
-    v.CmdMap.Click = [this] { mapping_.CmdMap_Click(); };
-    v.CmdGuess.Click = [this] { mapping_.CmdGuess_Click(); };
-    v.cmdCopyDump.Click = [this] { copying_.cmdCopyDump_Click(); };
-    v.cmdCopyToAllDumps.Click = [this] { copying_.cmdCopyToAllDumps_Click(); };
-    v.CmdChange.Click = [this] { retargeting_.CmdChange_Click(); };
-
-    v.RulesGrid.Click = [this] { grid_.RulesGrid_Click(); };
-    v.RulesGrid.DblClick = [this] { grid_.RulesGrid_DblClick(); };
-    v.RulesGrid.KeyPress = [this](auto KeyAscii) { grid_.RulesGrid_KeyPress(KeyAscii); };
-    v.RulesGrid.LeaveCell = [this] { grid_.RulesGrid_LeaveCell(); };
-    v.RulesGrid.EnterCell = [this] { grid_.RulesGrid_EnterCell(); };
-    v.RulesGrid.GotFocus = [this] { grid_.RulesGrid_GotFocus(); };
-    v.RulesGrid.Scroll = [this] { grid_.RulesGrid_Scroll(); };
-    v.txtgrdline.LostFocus = [this] { grid_.txtgrdline_LostFocus(); };
-    v.txtgrdline.KeyDown = [this](auto& KeyCode, auto) { grid_.txtgrdline_KeyDown(KeyCode); };
-    v.lstTargetFields.ItemClick = [this](int row) { lists_.lstTargetFields_ItemClick(row); };
-    v.lstTargetFields.ColumnClick = [this](int column) { lists_.lstTargetFields_ColumnClick(column); };
-    v.lstSourceFields.ColumnClick = [this](int column) { lists_.lstSourceFields_ColumnClick(column); };
-    v.lstSourceFields.ItemCheck = [this] { lists_.lstSourceFields_ItemCheck(); };
-    v.lstSourceFields.GotFocus = [this] { lists_.lstSourceFields_GotFocus(); };
-
-    v.CmdPreDoc.Click = [this] { notes_.CmdPreDoc_Click(); };
-    v.CmdMQDoc.Click = [this] { notes_.CmdMQDoc_Click(); };
-    v.CmdDumpText.Click = [this] { notes_.CmdDumpText_Click(); };
-    v.CmdEditRule.Click = [this] { editor_.CmdEditRule_Click(); };
-    v.CmdMqEditor.Click = [this] { editor_.CmdMqEditor_Click(); };
-    v.CmdPreEditor.Click = [this] { editor_.CmdPreEditor_Click(); };
-    v.CmdFuncEditor.Click = [this] { editor_.CmdFuncEditor_Click(); };
-    v.cmdSrcEdit.Click = [this] { editor_.cmdSrcEdit_Click(); };
-    v.CmdFunction.Click = [this] { panels_.CmdFunction_Click(); };
-    v.CmdVariables.Click = [this] { panels_.CmdVariables_Click(); };
-    v.CmdOk.Click = [this] { panels_.CmdOk_Click(); };
-    v.CmdCancel.Click = [this] { panels_.CmdCancel_Click(); };
-    v.CmdFuncBuild.Click = [this] { panels_.CmdFuncBuild_Click(); };
-    v.PicMQResize.Click = [this] { layout_.PicMQResize_Click(); };
-    v.PicPreResize.Click = [this] { layout_.PicPreResize_Click(); };
 }
 
 void ctlRulemesh::MappingObjectXML(TextView StrXml)

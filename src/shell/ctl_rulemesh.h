@@ -11,9 +11,9 @@
 #include "shell/editor_bridge.h"
 #include "shell/field_lists.h"
 #include "shell/frm_txt_doc.h"
-#include "shell/history.h"
 #include "shell/tab_flow.h"
 #include "shell/text_notes.h"
+#include "shell/work_watch.h"
 
 namespace rulemesh {
 
@@ -79,11 +79,11 @@ public:
     /// The row of a qualified field name in lstTargetFields (from 1) and in RulesGrid (from 0); -1 for none.
     [[nodiscard]] std::int32_t GetListItemNumber(const Text& strFieldName) const
     {
-        return grid_.GetListItemNumber(strFieldName);
+        return grid_.ListRowOf(strFieldName).value_or(-1).Number();
     }
     [[nodiscard]] std::int32_t GetRowNumber(const Text& i_StrFieldName) const
     {
-        return grid_.GetRowNumber(i_StrFieldName);
+        return grid_.RowOf(i_StrFieldName).value_or(NoGridRow).Number();
     }
 
     /// Opens the edit box on the grid's current cell, as a key of that code does.
@@ -145,7 +145,9 @@ private:
     ControlState state_;
     XmlDocument XmlDocument_;
     DesignerViews views_;
+    Moments moments_;
     History history_;
+    WorkWatch watch_;
     Platform& platform_;
     MappingObject object_;
     ScriptScanner scanner_;

@@ -26,7 +26,7 @@ void FieldLists::lstSourceFields_GotFocus()
         list.EnsureVisible(list.SelectedRow());
 }
 
-void FieldLists::lstTargetFields_ItemClick(int row)
+void FieldLists::lstTargetFields_ItemClick(ListRow row)
 {
     const std::int16_t IntShown = shownDump_.DumpInCaption();
     const std::int16_t IntChosen = shownDump_.SelectedDump();

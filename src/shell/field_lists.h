@@ -21,7 +21,7 @@ public:
 
     /// Moves the grid to the field's rule; when the views still show another dump than the chosen one, loads that
     /// instead.
-    void lstTargetFields_ItemClick(int row);
+    void lstTargetFields_ItemClick(ListRow row);
 
 private:
     static void SortByColumn(ListView& list, int column);

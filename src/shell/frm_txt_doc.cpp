@@ -18,6 +18,7 @@ FrmTxtDoc::FrmTxtDoc(Platform& platform) : platform_(platform)
 
 void FrmTxtDoc::LoadNoteMode()
 {
+    Asks(u"note", {.Box = &TxtDoc, .Accept = &CmdOk, .Cancel = &CmdCancel});
     Size(8490, 5130);
     LBLTARGET.Visible(false);
     CmbTargetTable.Visible(false);
@@ -29,6 +30,7 @@ void FrmTxtDoc::LoadNoteMode()
 
 void FrmTxtDoc::LoadChooserMode()
 {
+    Asks(u"chooser", {.Choice = &CmbTargetTable, .Accept = &CmdOk, .Cancel = &CmdCancel});
     Size(4350, 1600);
     TxtDoc.Visible(false);
     CmdOk.Left(840);

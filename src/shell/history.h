@@ -2,14 +2,12 @@
 
 #include <cstddef>
 #include <deque>
-#include <memory>
-#include <optional>
 #include <vector>
 
 #include "document/xml_document.h"
 #include "object/control_state.h"
 #include "script/control_events.h"
-#include "views/designer_views.h"
+#include "shell/moments.h"
 
 namespace rulemesh {
 
@@ -24,7 +22,11 @@ public:
     static constexpr std::size_t DefaultMemory = 256U << 20; // bytes
 
     /// All must outlive the history. The events are told when what can be undone or redone has changed.
-    History(XmlDocument& document, ControlState& state, DesignerViews& views, ControlEvents& events);
+    History(XmlDocument& document, const ControlState& state, const DesignerViews& views, Moments& moments,
+            ControlEvents& events)
+        : XmlDocument_(document), state_(state), views_(views), moments_(moments), events_(events)
+    {
+    }
     History(const History&) = delete;
     History& operator=(const History&) = delete;
 
@@ -47,21 +49,17 @@ public:
     /// The most memory that the steps may take, about; the oldest go first.
     void Memory(std::size_t bytes);
 
+    /// An outermost action has ended: whether it changed the work, what stood before it, and its edits of the document.
+    /// Raises std::bad_alloc when there is no memory to remember it.
+    void ActionEnds(const Action& action, bool changed, Moment before, DocumentEdits edits);
+
+    /// What was edited outside of any action belongs to the moves.
+    void KeepAsMoves(DocumentEdits edits);
+
+    /// Begins anew: nothing before now can be put back.
+    void Forget();
+
 private:
-    /// Everything that a step puts back beside the document.
-    struct Moment {
-        ViewTree::Moment Views;
-        std::shared_ptr<const ControlState> State;
-    };
-
-    /// What a user would miss, beside the document.
-    struct Work {
-        std::vector<std::shared_ptr<const Text>> Boxes; // the open cell's last, null when none is open
-        SharedRows<ListView::Row> SourceTables;
-        SharedRows<Grid::Cells> Rules;
-        std::shared_ptr<const ControlState> State;
-    };
-
     struct Step {
         Text Name;
         Moment Before;
@@ -79,27 +77,20 @@ private:
 
     void UndoStep();
     void RedoStep();
-    void ActionBegins();
-    void ActionEnds(const Action& action);
-    void AddStep(const Action& action, DocumentEdits edits);
-    void EndMove(const Action& action, DocumentEdits edits);
-    void KeepAsMoves(DocumentEdits edits);
+    void AddStep(const Action& action, Moment before, DocumentEdits edits);
+    void EndMove(const Action& action, const Moment& before, DocumentEdits edits);
     void DropOldest();
-    void Forget();
     void Tell();
+    void TellOfWork();
 
     [[nodiscard]] bool MayAct() const noexcept { return state_.BoolEdit && !views_.Tree.Acting.Running(); }
     [[nodiscard]] const View* BoxOf(const Action& action) const noexcept;
-    [[nodiscard]] std::size_t BytesOf(const Moment& moment) const;
-    [[nodiscard]] Moment Now();
-    [[nodiscard]] Work WorkNow();
-    [[nodiscard]] bool IsSameWork(const Work& before);
-    [[nodiscard]] std::shared_ptr<const ControlState> StateNow();
     void PutBack(const Moment& moment);
 
     XmlDocument& XmlDocument_;
-    ControlState& state_;
-    DesignerViews& views_;
+    const ControlState& state_;
+    const DesignerViews& views_;
+    Moments& moments_;
     ControlEvents& events_;
 
     std::deque<Step> undo_;
@@ -107,9 +98,6 @@ private:
     DocumentEdits moves_;          // since the last step, undo or redo
     std::size_t memory_ = DefaultMemory;
 
-    std::optional<Moment> begun_; // while an action is running
-    std::optional<Work> workThen_;
-    std::shared_ptr<const ControlState> stateThen_;
     const View* typedInto_ = nullptr; // the box of the last step while nothing but typing came behind it
 };
 

@@ -11,6 +11,7 @@ constexpr std::int16_t TabKey = 9;
 constexpr std::int16_t EscapeKey = 27;
 constexpr std::int16_t Blank = 32;
 constexpr std::size_t EndOfAnyText = 1000;
+constexpr ListRow RowOutsideOfList = -1; // selecting it fails, as the row of a field that the list lacks must
 
 } // namespace
 
@@ -57,7 +58,7 @@ void RulesGridEditing::RulesGrid_KeyPress(std::int16_t KeyAscii)
 void RulesGridEditing::MoveToNextRow()
 {
     Grid& grid = views_.RulesGrid;
-    grid.Row(grid.Row() < grid.Rows() - 1 ? grid.Row() + 1 : 0);
+    grid.Row(grid.Row() < grid.Rows() - 1 ? grid.Row() + 1 : GridRow(0));
     if (!grid.RowIsVisible(grid.Row()))
         grid.TopRow(grid.Row());
     grid.SetFocus();
@@ -104,7 +105,7 @@ void RulesGridEditing::ShowRowInList()
     ListView& list = views_.lstTargetFields;
     if (list.Count() == 0)
         return;
-    const int row = GetListItemNumber(views_.RulesGrid.TextMatrix(views_.RulesGrid.Row(), 0));
+    const ListRow row = ListRowOf(views_.RulesGrid.TextMatrix(views_.RulesGrid.Row(), 0)).value_or(RowOutsideOfList);
     list.EnsureVisible(row);
     list.Select(row, true);
 }
@@ -112,35 +113,35 @@ void RulesGridEditing::ShowRowInList()
 void RulesGridEditing::SelectGridRow(const Text& StrField)
 {
     Grid& grid = views_.RulesGrid;
-    const int row = GetRowNumber(StrField);
-    if (row == -1) {
+    const std::optional<GridRow> row = RowOf(StrField);
+    if (!row) {
         grid.TopRow(1);
         return;
     }
-    if (!grid.RowIsVisible(row))
-        grid.TopRow(row);
-    grid.Row(row);
+    if (!grid.RowIsVisible(*row))
+        grid.TopRow(*row);
+    grid.Row(*row);
 }
 
-std::int32_t RulesGridEditing::GetRowNumber(const Text& i_StrFieldName) const
+std::optional<GridRow> RulesGridEditing::RowOf(TextView StrField) const
 {
-    for (int row = 0; row < views_.RulesGrid.Rows(); ++row) {
-        if (views_.RulesGrid.TextMatrix(row, 0) == i_StrFieldName)
+    for (GridRow row = 0; row < views_.RulesGrid.Rows(); ++row) {
+        if (views_.RulesGrid.TextMatrix(row, 0) == StrField)
             return row;
     }
-    return -1;
+    return std::nullopt;
 }
 
-std::int32_t RulesGridEditing::GetListItemNumber(const Text& strFieldName) const
+std::optional<ListRow> RulesGridEditing::ListRowOf(TextView StrField) const
 {
-    for (int row = 1; row <= views_.lstTargetFields.Count(); ++row) {
-        if (views_.lstTargetFields.At(row).TextAt(TargetField::Name) == strFieldName)
+    for (ListRow row = 1; row <= views_.lstTargetFields.Count(); ++row) {
+        if (views_.lstTargetFields.At(row).TextAt(TargetField::Name) == StrField)
             return row;
     }
-    return -1;
+    return std::nullopt;
 }
 
-Text RulesGridEditing::FieldMapping() const { return PlainNumber(views_.RulesGrid.Row()); }
+Text RulesGridEditing::FieldMapping() const { return PlainNumber(views_.RulesGrid.Row().Number()); }
 
 void RulesGridEditing::FieldMapping(const Text& StrRule)
 {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "engine/shown_dump.h"
 
 namespace rulemesh {
@@ -17,11 +19,9 @@ public:
     /// Opens the box on the current cell: with its text for the codes 0 to 32, or with the one character instead.
     void GridEdit(std::int16_t KeyAscii);
 
-    /// The first row, from 0, whose key equals the name exactly; -1 for none.
-    [[nodiscard]] std::int32_t GetRowNumber(const Text& i_StrFieldName) const;
-
-    /// The first row of lstTargetFields, from 1, whose key equals the name exactly; -1 for none.
-    [[nodiscard]] std::int32_t GetListItemNumber(const Text& strFieldName) const;
+    /// The first row of the grid, and of lstTargetFields, whose key equals the name exactly; none when there is none.
+    [[nodiscard]] std::optional<GridRow> RowOf(TextView StrField) const;
+    [[nodiscard]] std::optional<ListRow> ListRowOf(TextView StrField) const;
 
     /// The property FieldMapping: reads as the number of the current row, and is written into the current cell.
     [[nodiscard]] Text FieldMapping() const;

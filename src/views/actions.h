@@ -21,17 +21,20 @@ struct Action {
     };
 
     Kind What = Kind::Step;
-    Text Name = {};            // for a menu: "Guess"
+    TextView Name = {};        // for a menu: "Guess"; of a text that lives as long as the program
     const View* Box = nullptr; // of typing, and of keys
 };
 
-/// Knows whether an action is running, and tells of the outermost one when it begins and when it ends.
+/// Knows how deep the actions that are running stand in each other, and tells of the outermost one when it begins and
+/// when it ends.
 class Actions {
 public:
     /// Neither may raise anything.
     std::function<void(const Action&)> Begins;
     std::function<void(const Action&)> Ends;
 
+    /// How many actions are running, each inside of the one before; 0 for none.
+    [[nodiscard]] int Depth() const noexcept { return depth_; }
     [[nodiscard]] bool Running() const noexcept { return depth_ > 0; }
 
 private:

@@ -6,26 +6,9 @@
 
 namespace rulemesh {
 
-namespace {
-
-// The caption as a menu names the step: without access key and dots.
-Text StepName(TextView StrCaption)
-{
-    Text StrName;
-    for (const char16_t character : StrCaption) {
-        if (character != u'&')
-            StrName += character;
-    }
-    StrName.resize(StrName.find_last_not_of(u'.') + 1);
-    return StrName;
-}
-
-} // namespace
-
 void Button::UserClicks()
 {
-    const ActionScope action(Tree().Acting,
-                             {LooksAround() ? Action::Kind::Move : Action::Kind::Step, StepName(Caption())});
+    const ActionScope action(Tree().Acting, {LooksAround() ? Action::Kind::Move : Action::Kind::Step, Click.Action});
     if (!Tree().MoveFocus(*this))
         return;
 
@@ -51,7 +34,7 @@ void Button::UserClicks()
 
 void PictureButton::UserClicks()
 {
-    const ActionScope action(Tree().Acting, {Action::Kind::Move});
+    const ActionScope action(Tree().Acting, {Action::Kind::Move, Click.Action});
     Run(Click);
 }
 

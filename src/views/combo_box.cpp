@@ -42,7 +42,7 @@ const ComboBox::Entry& ComboBox::Selected() const
 
 void ComboBox::UserChooses(int index)
 {
-    const ActionScope action(Tree().Acting, {Action::Kind::Move});
+    const ActionScope action(Tree().Acting, {Action::Kind::Move, Click.Action});
     if (!Tree().MoveFocus(*this) || index >= static_cast<int>(entries_.size()))
         return;
     index_ = index;

@@ -9,11 +9,11 @@
 
 namespace rulemesh {
 
-bool Grid::Has(int row, int col) const noexcept { return row >= 0 && row < Rows() && col >= 0 && col < ColumnCount; }
+bool Grid::Has(GridRow row, int col) const noexcept { return row >= 0 && row < Rows() && col >= 0 && col < ColumnCount; }
 
-void Grid::RaiseNoCell(FailureCode code, int row, int col) const
+void Grid::RaiseNoCell(FailureCode code, GridRow row, int col) const
 {
-    throw Failure(code, rulemesh::Text(Name()) + u" has no cell in row " + PlainNumber(row) + u" and column " +
+    throw Failure(code, rulemesh::Text(Name()) + u" has no cell in row " + PlainNumber(row.Number()) + u" and column " +
                             PlainNumber(col) + u"; it has " + PlainNumber(Rows()) + u" rows and " +
                             PlainNumber(ColumnCount) + u" columns, counted from 0");
 }
@@ -32,7 +32,7 @@ void Grid::AddItem(Cells cells)
     Changed();
 }
 
-void Grid::MakeCurrent(int row, int col)
+void Grid::MakeCurrent(GridRow row, int col)
 {
     if (row == row_ && col == col_)
         return;
@@ -43,7 +43,7 @@ void Grid::MakeCurrent(int row, int col)
     Run(EnterCell);
 }
 
-void Grid::Row(int row)
+void Grid::Row(GridRow row)
 {
     if (row == row_)
         return;
@@ -59,18 +59,18 @@ void Grid::Col(int col)
     MakeCurrent(row_, col);
 }
 
-const Text& Grid::TextMatrix(int row, int col) const
+const Text& Grid::TextMatrix(GridRow row, int col) const
 {
     if (!Has(row, col))
         RaiseNoCell(FailureCode::InvalidPropertyArrayIndex, row, col);
-    return rows_[static_cast<std::size_t>(row)][static_cast<std::size_t>(col)];
+    return rows_[static_cast<std::size_t>(row.Number())][static_cast<std::size_t>(col)];
 }
 
-void Grid::TextMatrix(int row, int col, rulemesh::Text text)
+void Grid::TextMatrix(GridRow row, int col, rulemesh::Text text)
 {
     if (!Has(row, col))
         RaiseNoCell(FailureCode::InvalidPropertyArrayIndex, row, col);
-    rows_.Change(static_cast<std::size_t>(row))[static_cast<std::size_t>(col)] = std::move(text);
+    rows_.Change(static_cast<std::size_t>(row.Number()))[static_cast<std::size_t>(col)] = std::move(text);
     Changed();
 }
 
@@ -86,9 +86,9 @@ std::unique_ptr<ViewValues> Grid::CopyOwnValues() const
     return CopyOf(std::tie(rows_, row_, col_, topRow_), alone);
 }
 
-int Grid::TopRowFor(int row) const noexcept { return std::clamp(row, 0, std::max(Rows() - 1, 0)); }
+GridRow Grid::TopRowFor(GridRow row) const noexcept { return std::clamp<GridRow>(row, 0, std::max(Rows() - 1, 0)); }
 
-void Grid::TopRow(int row)
+void Grid::TopRow(GridRow row)
 {
     if (row < 0)
         RaiseNoCell(FailureCode::InvalidPropertyValue, row, 0);
@@ -96,10 +96,7 @@ void Grid::TopRow(int row)
     Changed();
 }
 
-bool Grid::RowIsVisible(int row) const noexcept
-{
-    return row >= topRow_ && row < Rows() && (row - topRow_ + 1) * RowHeight <= Height();
-}
+bool Grid::RowIsVisible(GridRow row) const noexcept { return row < Rows() && Places().Fits(row, Height()); }
 
 void Grid::ColWidth(int col, int width)
 {
@@ -113,14 +110,14 @@ void Grid::ColWidth(int col, int width)
 Placement Grid::CurrentCell() const noexcept
 {
     return {.Left = col_ == 0 ? 0 : widths_[0],
-            .Top = (row_ - topRow_) * RowHeight,
+            .Top = Places().TopOf(row_),
             .Width = widths_[static_cast<std::size_t>(col_)],
             .Height = RowHeight};
 }
 
-void Grid::UserClicksCell(int row, int col, Clicks clicks)
+void Grid::UserClicksCell(GridRow row, int col, Clicks clicks)
 {
-    const ActionScope action(Tree().Acting, {Action::Kind::Move});
+    const ActionScope action(Tree().Acting, {Action::Kind::Move, Click.Action});
     if (!Tree().MoveFocus(*this) || !RowIsVisible(row))
         return;
     MakeCurrent(row, col);
@@ -157,27 +154,27 @@ void Grid::UserTypes(TextView text)
     box->UserTypes(std::move(whole));
 }
 
-void Grid::UserMovesTo(int row, int col)
+void Grid::UserMovesTo(GridRow row, int col)
 {
-    const ActionScope action(Tree().Acting, {Action::Kind::Move});
+    const ActionScope action(Tree().Acting, {Action::Kind::Move, Click.Action});
     if (!Tree().MoveFocus(*this) || Rows() == 0)
         return;
-    MakeCurrent(std::clamp(row, 0, Rows() - 1), col);
+    MakeCurrent(std::clamp<GridRow>(row, 0, Rows() - 1), col);
     UserScrollsToShow(row_);
 }
 
-void Grid::UserScrollsToShow(int row)
+void Grid::UserScrollsToShow(GridRow row)
 {
     if (row < topRow_)
         UserScrolls(row);
     else if (!RowIsVisible(row))
-        UserScrolls(row - std::max(Height() / RowHeight, 1) + 1);
+        UserScrolls(row - std::max(Places().CountIn(Height()), 1) + 1);
 }
 
-void Grid::UserScrolls(int top)
+void Grid::UserScrolls(GridRow top)
 {
-    const ActionScope action(Tree().Acting, {Action::Kind::Move});
-    const int row = TopRowFor(top);
+    const ActionScope action(Tree().Acting, {Action::Kind::Move, Scroll.Action});
+    const GridRow row = TopRowFor(top);
     if (row == topRow_)
         return;
     topRow_ = row;

@@ -5,6 +5,7 @@
 
 #include "base/failure.h"
 #include "views/actions.h"
+#include "views/row_places.h"
 #include "views/shared_rows.h"
 #include "views/view.h"
 
@@ -32,25 +33,28 @@ public:
 
     /// The current cell. Making another cell current runs the leave handler on the old one and then the enter handler
     /// on the new one. Raise InvalidPropertyValue outside the grid.
-    [[nodiscard]] int Row() const noexcept { return row_; }
+    [[nodiscard]] GridRow Row() const noexcept { return row_; }
     [[nodiscard]] int Col() const noexcept { return col_; }
-    void Row(int row);
+    void Row(GridRow row);
     void Col(int col);
 
     /// A cell's text. Raise InvalidPropertyArrayIndex outside the grid.
-    [[nodiscard]] const rulemesh::Text& TextMatrix(int row, int col) const;
-    void TextMatrix(int row, int col, rulemesh::Text text);
+    [[nodiscard]] const rulemesh::Text& TextMatrix(GridRow row, int col) const;
+    void TextMatrix(GridRow row, int col, rulemesh::Text text);
 
     /// The text of the current cell.
     [[nodiscard]] const rulemesh::Text& Text() const { return TextMatrix(row_, col_); }
     void Text(rulemesh::Text text) { TextMatrix(row_, col_, std::move(text)); }
 
     /// The first row in sight. Setting it past the last row means the last row, and runs no scroll handler.
-    [[nodiscard]] int TopRow() const noexcept { return topRow_; }
-    void TopRow(int row);
+    [[nodiscard]] GridRow TopRow() const noexcept { return topRow_; }
+    void TopRow(GridRow row);
 
     /// Whether the row lies wholly inside the grid's height.
-    [[nodiscard]] bool RowIsVisible(int row) const noexcept;
+    [[nodiscard]] bool RowIsVisible(GridRow row) const noexcept;
+
+    /// Where the rows stand, relative to the grid, in twips.
+    [[nodiscard]] RowPlaces Places() const noexcept { return {topRow_, RowHeight}; }
 
     /// Raises InvalidPropertyValue for a negative width.
     [[nodiscard]] int ColWidth(int col) const { return widths_.at(static_cast<std::size_t>(col)); }
@@ -62,7 +66,7 @@ public:
     /// The user clicks a cell; lost when the cell is no longer in sight by the time that the focus has got here.
     /// `Second` is what the second press of a double click adds to the first.
     enum class Clicks { Single, Double, Second };
-    void UserClicksCell(int row, int col, Clicks clicks);
+    void UserClicksCell(GridRow row, int col, Clicks clicks);
 
     /// What the pressing of a key is that opens a cell: of a character typing; a blank and the keys below it open the
     /// cell as it is.
@@ -76,13 +80,13 @@ public:
     void UserTypes(TextView text);
 
     /// The user moves to a cell by keys; the row nearest to it where there is none. It is scrolled into sight.
-    void UserMovesTo(int row, int col);
+    void UserMovesTo(GridRow row, int col);
 
     /// The user scrolls so that this row is on top.
-    void UserScrolls(int top);
+    void UserScrolls(GridRow top);
 
     /// The user scrolls just as far as brings a row into sight.
-    void UserScrollsToShow(int row);
+    void UserScrollsToShow(GridRow row);
 
     /// The cells as they are now; a later change leaves them as they are.
     [[nodiscard]] const SharedRows<Cells>& AllCells() const noexcept { return rows_; }
@@ -92,24 +96,24 @@ public:
     Slot LeaveCell;
     Slot EnterCell;
     Slot Scroll;
-    std::function<void(std::int16_t KeyAscii)> KeyPress;
+    Event<void(std::int16_t KeyAscii)> KeyPress;
 
 protected:
     [[nodiscard]] std::unique_ptr<ViewValues> CopyOwnValues() const override;
     void PutOwnValuesBack(const ViewValues& values) override { PutBack(values, std::tie(rows_, row_, col_, topRow_)); }
 
 private:
-    [[noreturn]] void RaiseNoCell(FailureCode code, int row, int col) const;
-    [[nodiscard]] bool Has(int row, int col) const noexcept;
-    [[nodiscard]] int TopRowFor(int row) const noexcept;
-    void MakeCurrent(int row, int col);
+    [[noreturn]] void RaiseNoCell(FailureCode code, GridRow row, int col) const;
+    [[nodiscard]] bool Has(GridRow row, int col) const noexcept;
+    [[nodiscard]] GridRow TopRowFor(GridRow row) const noexcept;
+    void MakeCurrent(GridRow row, int col);
 
     mutable SharedRows<Cells> rows_;
     mutable SharedRows<Cells> taken_; // as they were when their values were asked for last
     std::array<int, ColumnCount> widths_;
-    int row_ = 0;
+    GridRow row_ = 0;
     int col_ = 0;
-    int topRow_ = 0;
+    GridRow topRow_ = 0;
 };
 
 } // namespace rulemesh

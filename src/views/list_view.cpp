@@ -42,17 +42,17 @@ void ListView::Sort() const
     sortingHolds_ = true;
 }
 
-void ListView::RaiseNoRow(int row) const
+void ListView::RaiseNoRow(ListRow row) const
 {
-    throw Failure(FailureCode::IndexOutOfBounds, Text(Name()) + u" has no row " + PlainNumber(row) + u"; it has " +
+    throw Failure(FailureCode::IndexOutOfBounds, Text(Name()) + u" has no row " + PlainNumber(row.Number()) + u"; it has " +
                                                      PlainNumber(Count()) + u", counted from 1");
 }
 
-std::size_t ListView::IndexOf(int row) const
+std::size_t ListView::IndexOf(ListRow row) const
 {
     if (row < 1 || row > Count())
         RaiseNoRow(row);
-    const auto shown = static_cast<std::size_t>(row) - 1;
+    const auto shown = static_cast<std::size_t>(row.Number()) - 1;
     if (!design_.Sorted)
         return shown;
     if (!sortingHolds_)
@@ -60,7 +60,7 @@ std::size_t ListView::IndexOf(int row) const
     return sorting_[shown];
 }
 
-int ListView::RowOf(std::size_t index) const
+ListRow ListView::RowOf(std::size_t index) const
 {
     if (!design_.Sorted)
         return static_cast<int>(index) + 1;
@@ -69,9 +69,9 @@ int ListView::RowOf(std::size_t index) const
     return static_cast<int>(std::find(sorting_.begin(), sorting_.end(), index) - sorting_.begin()) + 1;
 }
 
-const ListView::Row& ListView::At(int row) const { return rows_[IndexOf(row)]; }
+const ListView::Row& ListView::At(ListRow row) const { return rows_[IndexOf(row)]; }
 
-Text ListView::TextAt(int row, int position) const { return Text(At(row).TextAt(position)); }
+Text ListView::TextAt(ListRow row, int position) const { return Text(At(row).TextAt(position)); }
 
 void ListView::RowsChanged()
 {
@@ -85,7 +85,7 @@ void ListView::Clear()
     rows_.clear();
     current_.reset();
     anchor_.reset();
-    scrollRequest_ = 0;
+    scrollRequest_ = NoListRow;
     RowsChanged();
 }
 
@@ -95,11 +95,11 @@ void ListView::Add(std::vector<Text> texts)
     RowsChanged();
 }
 
-void ListView::Insert(int row, std::vector<Text> texts)
+void ListView::Insert(ListRow row, std::vector<Text> texts)
 {
     if (row < 1 || row > Count() + 1)
         RaiseNoRow(row);
-    const auto at = static_cast<std::size_t>(row) - 1;
+    const auto at = static_cast<std::size_t>(row.Number()) - 1;
     rows_.insert(at, {.Texts = std::make_shared<const std::vector<Text>>(std::move(texts))});
     for (std::optional<std::size_t>* kept : {&current_, &anchor_}) {
         if (*kept >= at)
@@ -108,7 +108,7 @@ void ListView::Insert(int row, std::vector<Text> texts)
     RowsChanged();
 }
 
-void ListView::Remove(int row)
+void ListView::Remove(ListRow row)
 {
     const std::size_t index = IndexOf(row);
     rows_.erase(index);
@@ -118,17 +118,17 @@ void ListView::Remove(int row)
         else if (*kept > index)
             --**kept;
     }
-    scrollRequest_ = 0;
+    scrollRequest_ = NoListRow;
     RowsChanged();
 }
 
-int ListView::SelectedRow() const
+ListRow ListView::SelectedRow() const
 {
-    for (int row = 1; row <= Count(); ++row) {
+    for (ListRow row = 1; row <= Count(); ++row) {
         if (At(row).Selected)
             return row;
     }
-    return 0;
+    return NoListRow;
 }
 
 void ListView::SelectOnly(std::size_t index)
@@ -146,7 +146,7 @@ void ListView::SetSelected(std::size_t index, bool selected)
         rows_.Change(index).Selected = selected;
 }
 
-void ListView::Select(int row, bool selected)
+void ListView::Select(ListRow row, bool selected)
 {
     const std::size_t index = IndexOf(row);
     if (selected && design_.Select == Selection::Single)
@@ -156,7 +156,7 @@ void ListView::Select(int row, bool selected)
     Changed();
 }
 
-void ListView::Check(int row, bool checked)
+void ListView::Check(ListRow row, bool checked)
 {
     const std::size_t index = IndexOf(row);
     if (rows_[index].Checked != checked)
@@ -164,7 +164,7 @@ void ListView::Check(int row, bool checked)
     Changed();
 }
 
-void ListView::EnsureVisible(int row)
+void ListView::EnsureVisible(ListRow row)
 {
     static_cast<void>(IndexOf(row));
     scrollRequest_ = row;
@@ -216,7 +216,7 @@ void ListView::PutOwnValuesBack(const ViewValues& values)
 
 void ListView::BeforeGotFocus()
 {
-    if (Count() > 0 && SelectedRow() == 0)
+    if (Count() > 0 && SelectedRow() == NoListRow)
         Select(1, true);
 }
 

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "views/row_numbers.h"
 #include "views/shared_rows.h"
 #include "views/view.h"
 
@@ -61,9 +62,9 @@ public:
     [[nodiscard]] int Count() const noexcept { return static_cast<int>(rows_.size()); }
 
     /// A row in the current order. Raises IndexOutOfBounds, as every member that takes a row.
-    [[nodiscard]] const Row& At(int row) const;
+    [[nodiscard]] const Row& At(ListRow row) const;
 
-    [[nodiscard]] Text TextAt(int row, int position) const;
+    [[nodiscard]] Text TextAt(ListRow row, int position) const;
 
     /// The rows in the order in which they were added; a later change leaves these as they are.
     [[nodiscard]] const SharedRows<Row>& AllRows() const noexcept { return rows_; }
@@ -72,25 +73,25 @@ public:
     void Add(std::vector<Text> texts);
 
     /// Adds a row so that it becomes the row of that number; for a list that isn't sorted.
-    void Insert(int row, std::vector<Text> texts);
-    void Remove(int row);
+    void Insert(ListRow row, std::vector<Text> texts);
+    void Remove(ListRow row);
 
     /// The first selected row, 0 for none.
-    [[nodiscard]] int SelectedRow() const;
+    [[nodiscard]] ListRow SelectedRow() const;
 
     /// The row from which the user's keys go on: the last one that was clicked, ticked or moved to, else the first
     /// selected one; 0 for none.
-    [[nodiscard]] int CurrentRow() const;
+    [[nodiscard]] ListRow CurrentRow() const;
 
     [[nodiscard]] bool TakesSeveral() const noexcept { return design_.Select == Selection::Multiple; }
 
     /// In a list of single selection, selecting a row takes the selection from the others. Runs no click.
-    void Select(int row, bool selected);
-    void Check(int row, bool checked);
+    void Select(ListRow row, bool selected);
+    void Check(ListRow row, bool checked);
 
     /// Scrolls the row into view; the front end takes the row that was asked for last, 0 for none.
-    void EnsureVisible(int row);
-    [[nodiscard]] int TakeScrollRequest() noexcept { return std::exchange(scrollRequest_, 0); }
+    void EnsureVisible(ListRow row);
+    [[nodiscard]] ListRow TakeScrollRequest() noexcept { return std::exchange(scrollRequest_, NoListRow); }
 
     /// Counts the changes of the rows' texts and order, so that a front end can tell them from a change of selection.
     [[nodiscard]] unsigned RowChanges() const noexcept { return rowChanges_; }
@@ -103,31 +104,31 @@ public:
     void SortOrder(Order order);
 
     /// The user clicks a row: it alone becomes selected and the click handler is run.
-    void UserClicksRow(int row);
-    void UserTicks(int row, bool checked);
+    void UserClicksRow(ListRow row);
+    void UserTicks(ListRow row, bool checked);
 
     /// The user takes a row into the selection, or out of it, and leaves the others (a click with control). In a list
     /// of single selection a plain click.
-    void UserTogglesRow(int row);
+    void UserTogglesRow(ListRow row);
 
     /// The user selects all rows from the last one that was clicked or toggled to this one, and no others (a click with
     /// shift). In a list of single selection a plain click.
-    void UserExtendsTo(int row);
+    void UserExtendsTo(ListRow row);
 
     /// The user makes a row the current one and selects nothing by it (an arrow key with control). In a list of single
     /// selection a plain click.
-    void UserMovesTo(int row);
+    void UserMovesTo(ListRow row);
 
     /// The first row behind `row`, and then from the top, in which the text of the search position, or what stands
     /// behind a table's name and point there, begins with what the user typed, case ignored; 0 for none.
-    [[nodiscard]] int RowBeginningWith(TextView typed, int row) const;
+    [[nodiscard]] ListRow RowBeginningWith(TextView typed, ListRow row) const;
 
     /// The user clicks a column header; the focus stays.
     void UserClicksHeader(int column);
 
-    std::function<void(int row)> ItemClick;
+    Event<void(ListRow row)> ItemClick;
     Slot ItemCheck;
-    std::function<void(int column)> ColumnClick;
+    Event<void(int column)> ColumnClick;
 
 protected:
     void BeforeGotFocus() override;
@@ -135,10 +136,10 @@ protected:
     void PutOwnValuesBack(const ViewValues& values) override;
 
 private:
-    template <typename Change> void ChangeSelection(int row, Change change);
-    [[noreturn]] void RaiseNoRow(int row) const;
-    [[nodiscard]] std::size_t IndexOf(int row) const;
-    [[nodiscard]] int RowOf(std::size_t index) const;
+    template <typename Change> void ChangeSelection(ListRow row, Change change);
+    [[noreturn]] void RaiseNoRow(ListRow row) const;
+    [[nodiscard]] std::size_t IndexOf(ListRow row) const;
+    [[nodiscard]] ListRow RowOf(std::size_t index) const;
     void SelectOnly(std::size_t index);
     void SetSelected(std::size_t index, bool selected);
     void Sort() const;
@@ -152,7 +153,7 @@ private:
     mutable bool sortingHolds_ = false;
     std::optional<std::size_t> current_; // indexes in rows_
     std::optional<std::size_t> anchor_;
-    int scrollRequest_ = 0;
+    ListRow scrollRequest_ = NoListRow;
     unsigned rowChanges_ = 0;
 };
 

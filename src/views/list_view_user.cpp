@@ -6,20 +6,20 @@
 
 namespace rulemesh {
 
-int ListView::CurrentRow() const { return current_ ? RowOf(*current_) : SelectedRow(); }
+ListRow ListView::CurrentRow() const { return current_ ? RowOf(*current_) : SelectedRow(); }
 
-void ListView::UserClicksRow(int row)
+void ListView::UserClicksRow(ListRow row)
 {
-    const ActionScope action(Tree().Acting, {Action::Kind::Move});
+    const ActionScope action(Tree().Acting, {Action::Kind::Move, ItemClick.Action});
     if (!Tree().MoveFocus(*this) || row > Count())
         return;
     SelectOnly(IndexOf(row));
     Run(ItemClick, row);
 }
 
-void ListView::UserTicks(int row, bool checked)
+void ListView::UserTicks(ListRow row, bool checked)
 {
-    const ActionScope action(Tree().Acting, {Action::Kind::Move});
+    const ActionScope action(Tree().Acting, {Action::Kind::Move, ItemCheck.Action});
     if (!Tree().MoveFocus(*this) || row > Count() || At(row).Checked == checked)
         return;
     current_ = anchor_ = IndexOf(row);
@@ -28,16 +28,16 @@ void ListView::UserTicks(int row, bool checked)
 }
 
 // What the user does to one of several rows; in a list of single selection a plain click.
-template <typename Change> void ListView::ChangeSelection(int row, Change change)
+template <typename Change> void ListView::ChangeSelection(ListRow row, Change change)
 {
-    const ActionScope action(Tree().Acting, {Action::Kind::Move});
+    const ActionScope action(Tree().Acting, {Action::Kind::Move, ItemClick.Action});
     if (!TakesSeveral())
         UserClicksRow(row);
     else if (Tree().MoveFocus(*this) && row <= Count())
         change(IndexOf(row));
 }
 
-void ListView::UserTogglesRow(int row)
+void ListView::UserTogglesRow(ListRow row)
 {
     ChangeSelection(row, [&](std::size_t index) {
         SetSelected(index, !rows_[index].Selected);
@@ -47,15 +47,15 @@ void ListView::UserTogglesRow(int row)
     });
 }
 
-void ListView::UserExtendsTo(int row)
+void ListView::UserExtendsTo(ListRow row)
 {
     ChangeSelection(row, [&](std::size_t index) {
         if (!anchor_)
-            anchor_ = CurrentRow() == 0 ? index : IndexOf(CurrentRow());
-        const int anchor = RowOf(*anchor_);
-        const int first = std::min(anchor, row);
-        const int last = std::max(anchor, row);
-        for (int each = 1; each <= Count(); ++each)
+            anchor_ = CurrentRow() == NoListRow ? index : IndexOf(CurrentRow());
+        const ListRow anchor = RowOf(*anchor_);
+        const ListRow first = std::min(anchor, row);
+        const ListRow last = std::max(anchor, row);
+        for (ListRow each = 1; each <= Count(); ++each)
             SetSelected(IndexOf(each), each >= first && each <= last);
         current_ = index;
         Changed();
@@ -63,7 +63,7 @@ void ListView::UserExtendsTo(int row)
     });
 }
 
-void ListView::UserMovesTo(int row)
+void ListView::UserMovesTo(ListRow row)
 {
     ChangeSelection(row, [&](std::size_t index) {
         current_ = index;
@@ -73,22 +73,22 @@ void ListView::UserMovesTo(int row)
 
 void ListView::UserClicksHeader(int column)
 {
-    const ActionScope action(Tree().Acting, {Action::Kind::Move});
+    const ActionScope action(Tree().Acting, {Action::Kind::Move, ColumnClick.Action});
     Run(ColumnClick, column);
 }
 
-int ListView::RowBeginningWith(TextView typed, int row) const
+ListRow ListView::RowBeginningWith(TextView typed, ListRow row) const
 {
     const Text sought = ToUpper(typed);
     const auto begins = [&](TextView text) { return ToUpper(text.substr(0, sought.size())) == sought; };
     for (int step = 1; step <= Count(); ++step) {
-        const int candidate = (row + step - 1) % Count() + 1;
+        const ListRow candidate = (row.Number() + step - 1) % Count() + 1;
         const TextView text = At(candidate).TextAt(design_.SearchPosition);
         const std::size_t point = text.find(u'.');
         if (begins(text) || (point != TextView::npos && begins(text.substr(point + 1))))
             return candidate;
     }
-    return 0;
+    return NoListRow;
 }
 
 } // namespace rulemesh

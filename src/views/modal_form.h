@@ -4,6 +4,10 @@
 
 namespace rulemesh {
 
+class Button;
+class ComboBox;
+class TextBox;
+
 /// A form that stands in front of everything until it is closed. What is on it belongs to its maker.
 class ModalForm {
 public:
@@ -21,6 +25,23 @@ public:
         height_ = height;
     }
 
+    /// What the form is for, in a word for programs: "note".
+    [[nodiscard]] TextView Mode() const noexcept { return mode_; }
+
+    /// The views in which the form asks, null where it has none: for who answers without seeing it.
+    struct Asked {
+        TextBox* Box = nullptr;
+        ComboBox* Choice = nullptr;
+        Button* Accept = nullptr;
+        Button* Cancel = nullptr; // without one the form is given up from its frame
+    };
+    [[nodiscard]] const Asked& Asks() const noexcept { return asked_; }
+    void Asks(TextView mode, const Asked& asked) noexcept
+    {
+        mode_ = mode;
+        asked_ = asked;
+    }
+
     [[nodiscard]] bool IsOpen() const noexcept { return open_; }
     void Unload() noexcept { open_ = false; }
 
@@ -35,6 +56,8 @@ public:
 
 private:
     Text caption_;
+    TextView mode_;
+    Asked asked_;
     int width_ = 0;
     int height_ = 0;
     bool open_ = true;

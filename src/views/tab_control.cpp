@@ -18,7 +18,7 @@ void TabControl::Tab(int tab)
 
 void TabControl::UserClicksTab(int tab)
 {
-    const ActionScope action(Tree().Acting, {Action::Kind::Move});
+    const ActionScope action(Tree().Acting, {Action::Kind::Move, Click.Action});
     if (tab == tab_ || !Tree().MoveFocus(*this) || !TabEnabled(tab))
         return;
     Tab(tab);

@@ -38,7 +38,7 @@ public:
     /// Moves the focus here and shows the tab, unless it has been disabled by then.
     void UserClicksTab(int tab);
 
-    std::function<void(std::int16_t PreviousTab)> Click;
+    Event<void(std::int16_t PreviousTab)> Click;
 
 protected:
     [[nodiscard]] bool Shows(const View& child) const noexcept override

@@ -81,6 +81,11 @@ void View::Type(const Font& font)
 void View::Changed()
 {
     ChangedUnseen();
+    TellFrontEnd();
+}
+
+void View::TellFrontEnd()
+{
     if (!std::exchange(changed_, true))
         tree_.NoteChange(*this);
 }

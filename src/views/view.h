@@ -12,11 +12,19 @@ namespace rulemesh {
 class View;
 class ViewTree;
 
-/// What the logic hangs on an event of a view. An empty slot runs nothing.
-using Slot = std::function<void()>;
+/// What the logic hangs on an event of a view, and how a menu names what the user does by it. An empty slot runs
+/// nothing.
+template <typename Signature> class Event : public std::function<Signature> {
+public:
+    using std::function<Signature>::operator=;
+
+    TextView Action; // of a text that lives as long as the program
+};
+
+using Slot = Event<void()>;
 
 /// A key that goes down. The handler cancels the key by setting KeyCode to 0.
-using KeySlot = std::function<void(std::int16_t& KeyCode, std::int16_t Shift)>;
+using KeySlot = Event<void(std::int16_t& KeyCode, std::int16_t Shift)>;
 
 enum class ViewKind { Button, Label, Frame, Text, Syntax, List, Combo, Grid, Tab, Picture };
 
@@ -124,11 +132,14 @@ public:
 protected:
     [[nodiscard]] ViewTree& Tree() const noexcept { return tree_; }
 
-    /// Tells the front end that what the view shows is no longer what it showed; many changes are told once.
+    /// To be called with each change of a value: the values are new, and the front end is told.
     void Changed();
 
-    /// To be called with each change of a value that the front end doesn't show; Changed() does it too.
+    /// To be called with a change of a value that the front end doesn't show.
     void ChangedUnseen() noexcept { values_.reset(); }
+
+    /// Tells the front end that the view has to be shown anew; many changes are told once.
+    void TellFrontEnd();
 
     /// Copies what a kind of view has of its own, and puts it back.
     [[nodiscard]] virtual std::unique_ptr<ViewValues> CopyOwnValues() const = 0;

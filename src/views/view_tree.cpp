@@ -53,11 +53,12 @@ void ViewTree::PutBack(const Moment& moment)
     GiveFocusTo(moment.Focused);
 }
 
+// The focus is no value of a view's: what was taken of the two holds on.
 void ViewTree::GiveFocusTo(View* view)
 {
     for (View* touched : {focused_, view}) {
         if (touched != nullptr)
-            touched->Changed();
+            touched->TellFrontEnd();
     }
     focused_ = view;
 }
@@ -75,7 +76,7 @@ bool ViewTree::MoveFocus(View& view)
     const unsigned move = ++moves_;
     if (focused_ == &view)
         return true; // runs nothing, and is no action
-    const ActionScope action(Acting, {Action::Kind::Move});
+    const ActionScope action(Acting, {Action::Kind::Move, view.GotFocus.Action});
     if (focused_ != nullptr) {
         TakeFocusFrom(*focused_);
         if (moves_ != move || !view.CanBeReached())
@@ -99,7 +100,7 @@ void ViewTree::ReleaseUnreachable()
 
 void ViewTree::UserLeaves()
 {
-    const ActionScope action(Acting, {Action::Kind::Move});
+    const ActionScope action(Acting, {Action::Kind::Move, ExitFocus.Action});
     if (focused_ != nullptr)
         TakeFocusFrom(*focused_);
     if (focused_ == nullptr)
@@ -121,7 +122,7 @@ bool ViewTree::UserPressesKey(View& view, std::int16_t KeyCode, std::int16_t Shi
 
 bool ViewTree::UserPressesKey(std::int16_t KeyCode, std::int16_t Shift)
 {
-    const ActionScope action(Acting, {Action::Kind::Move});
+    const ActionScope action(Acting, {Action::Kind::Move, KeyDown.Action});
     const std::int16_t pressed = KeyCode;
     Run(KeyDown, KeyCode, Shift);
     return KeyCode != pressed;

@@ -9,6 +9,7 @@
 #include "desktop/designer_window.h"
 #include "desktop/form_dialog.h"
 #include "shell/frm_txt_doc.h"
+#include "support/name_form.h"
 
 namespace rulemesh {
 
@@ -203,6 +204,32 @@ TEST_F(RealDesk, TabKeyGoesRoundInAForm)
         dialog.reject();
     });
     Platform.ShowModal(form);
+}
+
+TEST_F(RealDesk, ServesAnyOtherForm)
+{
+    NameForm form;
+    form.cmbKind.ListIndex(0);
+    WhenShown<FormDialog>([](FormDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), QStringLiteral("New field"));
+        QTest::keyClicks(dialog.focusWidget(), QStringLiteral("price"));
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Down);
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Space);
+    });
+    Platform.ShowModal(form);
+    EXPECT_EQ(form.Taken, u"price:N");
+    EXPECT_EQ(form.Closings, 0);
+}
+
+TEST_F(RealDesk, ClosesAnyOtherFormFromItsFrame)
+{
+    NameForm form;
+    WhenShown<FormDialog>([](FormDialog& dialog) { dialog.close(); });
+    Platform.ShowModal(form);
+    EXPECT_FALSE(form.IsOpen());
+    EXPECT_EQ(form.Closings, 1);
 }
 
 } // namespace rulemesh

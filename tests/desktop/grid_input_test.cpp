@@ -154,8 +154,8 @@ TEST_F(GridInput, SelectionOfTheToolkitChangesNothing)
 TEST_F(GridInput, RowDrawnInPartIsScrolledIntoSightAndThenClicked)
 {
     std::vector<std::string> log;
-    Cells().Scroll = [&] { log.push_back("scroll to " + std::to_string(Cells().TopRow())); };
-    Cells().Click = [&] { log.push_back("click on " + std::to_string(Cells().Row())); };
+    Cells().Scroll = [&] { log.push_back("scroll to " + std::to_string(Cells().TopRow().Number())); };
+    Cells().Click = [&] { log.push_back("click on " + std::to_string(Cells().Row().Number())); };
     ASSERT_FALSE(Cells().RowIsVisible(Table().rowAt(PlaceAtTheEdge().y())));
     QTest::mouseClick(Table().viewport(), Qt::LeftButton, {}, PlaceAtTheEdge());
     EXPECT_THAT(log, ElementsAre("scroll to 1", "click on 9"));
@@ -196,7 +196,7 @@ TEST_F(GridInput, KeysScrollByTheUsersEntrance)
 TEST_F(GridInput, AssistiveToolSelectsACellByTheClick)
 {
     std::vector<int> clicked;
-    Cells().Click = [&] { clicked.push_back(Cells().Row()); };
+    Cells().Click = [&] { clicked.push_back(Cells().Row().Number()); };
     QAccessibleInterface* cell =
         QAccessible::queryAccessibleInterface(&Table())->tableInterface()->cellAt(Cells().Rows() - 1, 1);
     cell->tableCellInterface();

@@ -57,13 +57,13 @@ TEST_F(Mouse, RowOfTheTargetFieldsBringsItsRuleIntoTheGrid)
 TEST_F(Mouse, CheckBoxIsTickedAndClearedWithoutSelectingItsRow)
 {
     ListView& list = Views().lstSourceFields;
-    const int before = list.SelectedRow();
+    const ListRow before = list.SelectedRow();
     const QPoint box = Of<ListWidget>(list).CheckBoxOf(3).center();
     QTest::mouseClick(Tree(list).viewport(), Qt::LeftButton, {}, box);
     EXPECT_TRUE(list.At(3).Checked);
     QTest::mouseClick(Tree(list).viewport(), Qt::LeftButton, {}, box);
     EXPECT_FALSE(list.At(3).Checked);
-    EXPECT_LE(list.SelectedRow(), before == 0 ? 1 : before);
+    EXPECT_LE(list.SelectedRow(), before == NoListRow ? ListRow(1) : before);
     EXPECT_EQ(Focused(), u"lstSourceFields");
 }
 

@@ -163,15 +163,15 @@ void CompareGrid(const Grid& grid, const QWidget& root, const QTableView& table,
     if (table.model()->rowCount() != grid.Rows() || grid.Rows() == 0)
         return;
     const QModelIndex current = table.currentIndex();
-    findings.Compare(QStringLiteral("current row"), current.row(), grid.Row());
+    findings.Compare(QStringLiteral("current row"), current.row(), grid.Row().Number());
     findings.Compare(QStringLiteral("current column"), current.column(), grid.Col());
     const QModelIndexList selected = table.selectionModel()->selectedIndexes();
-    if (selected.size() != 1 || selected.front() != table.model()->index(grid.Row(), grid.Col()))
+    if (selected.size() != 1 || selected.front() != table.model()->index(grid.Row().Number(), grid.Col()))
         findings.Say(
             QStringLiteral("selection: the widget shows %1 selected cells, not the current one").arg(selected.size()));
-    findings.Compare(QStringLiteral("top row by its scroll bar"), table.verticalScrollBar()->value(), grid.TopRow());
+    findings.Compare(QStringLiteral("top row by its scroll bar"), table.verticalScrollBar()->value(), grid.TopRow().Number());
     if (table.isVisible() && table.viewport()->height() > 0)
-        findings.Compare(QStringLiteral("top row in sight"), table.rowAt(0), grid.TopRow());
+        findings.Compare(QStringLiteral("top row in sight"), table.rowAt(0), grid.TopRow().Number());
     findings.Compare(QStringLiteral("scrolled sideways"), table.horizontalScrollBar()->value(), 0);
     for (int col = 0; col < Grid::ColumnCount; ++col)
         findings.Compare(QStringLiteral("width of column %1").arg(col), table.columnWidth(col),

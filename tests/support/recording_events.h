@@ -12,6 +12,7 @@ namespace rulemesh {
 class RecordingEvents : public ControlEvents {
 public:
     std::vector<Text> Raised;     // "ShowQueryBuilderPopUp(text, tables)"
+    int WorkChanges = 0;          // how often the control told of changed work
     std::function<void()> Answer; // run once, inside the next event
 
     void ShowSourceTablesPopUp(const Text& i_SourceTables) override
@@ -38,6 +39,7 @@ public:
     }
     void SaveDoneDisabled() override { Raise(u"SaveDoneDisabled()"); }
     void SaveDoneEnabled() override { Raise(u"SaveDoneEnabled()"); }
+    void WorkChanged() override { ++WorkChanges; }
 
 private:
     void Raise(Text event)

@@ -22,11 +22,11 @@ struct GridTest : testing::Test, ViewDesk {
         Cells.EnterCell = [this] { Log.push_back("enter " + Cell()); };
         Cells.Click = [this] { Log.push_back("click " + Cell()); };
         Cells.DblClick = [this] { Log.push_back("double " + Cell()); };
-        Cells.Scroll = [this] { Log.push_back("scroll " + std::to_string(Cells.TopRow())); };
+        Cells.Scroll = [this] { Log.push_back("scroll " + std::to_string(Cells.TopRow().Number())); };
         Cells.GotFocus = nullptr;
     }
 
-    [[nodiscard]] std::string Cell() const { return std::to_string(Cells.Row()) + "," + std::to_string(Cells.Col()); }
+    [[nodiscard]] std::string Cell() const { return std::to_string(Cells.Row().Number()) + "," + std::to_string(Cells.Col()); }
 };
 
 TEST(NewGrid, HasNoRowsAndItsFirstCellCurrent)

@@ -196,7 +196,7 @@ TEST_F(ListViewTest, KeepsSeveralRowsSelectedWhenManyCanBe)
 TEST_F(ListViewTest, RunsNoClickWhenTheProgramSelects)
 {
     int clicks = 0;
-    Rows.ItemClick = [&](int) { ++clicks; };
+    Rows.ItemClick = [&](ListRow) { ++clicks; };
     Fill(Rows, {u"a"});
     Rows.Select(1, true);
     EXPECT_EQ(clicks, 0);
@@ -242,7 +242,7 @@ TEST_F(ListViewTest, SelectsItsFirstRowWhenItGetsTheFocusWithoutASelection)
 
 TEST_F(ListViewTest, HasItsFirstRowSelectedWhenTheGotFocusHandlerRuns)
 {
-    int selected = -1;
+    ListRow selected = NoListRow;
     Rows.GotFocus = [&] { selected = Rows.SelectedRow(); };
     Fill(Rows, {u"a"});
     Rows.SetFocus();
@@ -274,7 +274,7 @@ TEST_F(ListViewTest, SelectsOnlyTheRowThatTheUserClicks)
 
 TEST_F(ListViewTest, TellsTheClickedRowAfterTheFocusCame)
 {
-    Rows.ItemClick = [this](int row) { Log.push_back("click " + std::to_string(row)); };
+    Rows.ItemClick = [this](ListRow row) { Log.push_back("click " + std::to_string(row.Number())); };
     Fill(Rows, {u"a", u"b"});
     Rows.UserClicksRow(2);
     EXPECT_THAT(Log, ElementsAre("list got", "click 2"));
@@ -283,7 +283,7 @@ TEST_F(ListViewTest, TellsTheClickedRowAfterTheFocusCame)
 TEST_F(ListViewTest, RunsTheClickOnTheRowThatIsSelectedAlready)
 {
     int clicks = 0;
-    Rows.ItemClick = [&](int) { ++clicks; };
+    Rows.ItemClick = [&](ListRow) { ++clicks; };
     Fill(Rows, {u"a"});
     Rows.UserClicksRow(1);
     Rows.UserClicksRow(1);
@@ -293,7 +293,7 @@ TEST_F(ListViewTest, RunsTheClickOnTheRowThatIsSelectedAlready)
 TEST_F(ListViewTest, LosesTheClickOnARowThatIsNoLongerThere)
 {
     int clicks = 0;
-    Rows.ItemClick = [&](int) { ++clicks; };
+    Rows.ItemClick = [&](ListRow) { ++clicks; };
     Rows.GotFocus = [this] { Rows.Remove(2); };
     Fill(Rows, {u"a", u"b"});
     Rows.UserClicksRow(2);

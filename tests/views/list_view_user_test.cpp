@@ -23,7 +23,7 @@ struct ListViewUser : testing::Test, ViewDesk {
             Rows.Add({Text(name)});
         }
         for (ListView* list : {&Many, &Rows})
-            list->ItemClick = [this](int row) { Clicks.push_back(row); };
+            list->ItemClick = [this](ListRow row) { Clicks.push_back(row.Number()); };
     }
 
     static std::vector<int> Selected(const ListView& list)

@@ -421,5 +421,16 @@ TEST(Moments, ShareTheViewsThatDidNotChange)
     EXPECT_EQ(others, now.Values.size() - 1);
 }
 
+TEST(Moments, ShareTheViewsBetweenWhichTheFocusMoved)
+{
+    ViewDesk desk;
+    desk.Box.SetFocus();
+    const ViewTree::Moment then = desk.Tree.Now();
+    static_cast<void>(desk.Tree.TakeChanged());
+    desk.Press.SetFocus();
+    EXPECT_EQ(desk.Tree.Now().Values, then.Values);
+    EXPECT_EQ(desk.Tree.TakeChanged(), (std::vector<View*>{&desk.Box, &desk.Press})) << "but the front end is told";
+}
+
 } // namespace
 } // namespace rulemesh
