@@ -38,7 +38,6 @@ void Describe(Json& value, const TextBox& box)
 {
     value["text"] = JsonOf(box.Text());
     value["locked"] = box.Locked();
-    value["tag"] = JsonOf(box.Tag());
 }
 
 void Describe(Json& value, const ListView& list)
@@ -76,7 +75,6 @@ void Describe(Json& value, const ComboBox& combo)
     value["entries"] = std::move(entries);
     value["index"] = combo.ListIndex();
     value["text"] = JsonOf(combo.Text());
-    value["tag"] = JsonOf(combo.Tag());
 }
 
 void Describe(Json& value, const Grid& grid)
@@ -123,6 +121,8 @@ Json ReadView(ctlRulemesh& control, const Request& request)
                       DescribedAs<ListView>(value, view) || DescribedAs<ComboBox>(value, view) ||
                       DescribedAs<Grid>(value, view) || DescribedAs<TabControl>(value, view) ||
                       DescribedAs<PictureButton>(value, view));
+    if (view.Kind() == ViewKind::Text || view.Kind() == ViewKind::Syntax || view.Kind() == ViewKind::Combo)
+        value["tag"] = JsonOf(control.TagOf(view));
     return value;
 }
 

@@ -16,7 +16,7 @@ bool SameIgnoringCase(TextView a, TextView b) { return ToUpper(a) == ToUpper(b);
 // What the grid shows is not saved first: the copied rules take the place of unsaved edits.
 void DumpCopying::cmdCopyDump_Click()
 {
-    const std::int16_t IntTo = shownDump_.SelectedDump();
+    const std::int16_t IntTo = shownDump_.SelectedDump().Value();
     const Text StrFrom = platform_
                              .AskForText(u"Please enter the dump number to be copied from: ",
                                          u"Copying rules to dump : " + PlainNumber(IntTo))
@@ -68,7 +68,7 @@ DumpRecord DumpCopying::TargetOfCopy(std::int16_t IntTo)
 void DumpCopying::CopyRules(const DumpRecord& source, const DumpRecord& target, const Text& StrFrom, std::int16_t IntTo)
 {
     const bool copied = object_.CopyRules(source, target);
-    shownDump_.ShowDump(IntTo);
+    shownDump_.ShowDump(DumpNumber(IntTo));
     if (copied)
         platform_.ShowMessage(
             {.Text = u"Copying Of Dump: '" + StrFrom + u"' To Dump '" + PlainNumber(IntTo) + u"'  Was  Successful!!",
@@ -82,9 +82,9 @@ void DumpCopying::CopyRules(const DumpRecord& source, const DumpRecord& target, 
 void DumpCopying::cmdCopyToAllDumps_Click()
 {
     constexpr TextView StrTitle = u"Copy to all dumps...";
-    const std::int16_t IntCurrent = shownDump_.SelectedDump();
+    const std::int16_t IntCurrent = shownDump_.SelectedDump().Value();
     const Text StrCurrent = PlainNumber(IntCurrent);
-    shownDump_.SaveDumpRules(StrCurrent);
+    shownDump_.SaveDumpRules(GridDump(DumpNumber(IntCurrent)));
     preConditions_.SavePreCondition();
 
     const DumpRecord dump = RequireDump(object_.Read().GetDumpNode(IntCurrent), IntCurrent);

@@ -11,8 +11,8 @@ TableRecord DumpLookup::GetTargetTableNode(std::int16_t IntDump)
 {
     if (!state_.BoolMultiTarget || IntDump != 0)
         return object_.TableOfDump(IntDump);
-    const Text& StrTag = views_.CmbDump.Tag();
-    return object_.TableOfDump(StrTag.empty() ? state_.IntDumpNumbers.front() : ToInt16(StrTag));
+    const GridDump& dump = state_.DumpInGrid;
+    return object_.TableOfDump(dump.IsNone() ? state_.IntDumpNumbers.front() : dump.Number().Value());
 }
 
 std::int16_t DumpLookup::GetFieldNumber(TextView StrField)

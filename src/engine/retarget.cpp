@@ -21,9 +21,9 @@ Text DumpRetargeting::ChooseTarget(std::int16_t IntDump, const Text& StrDefault)
 
 void DumpRetargeting::CmdChange_Click()
 {
-    const std::int16_t IntDump = shownDump_.SelectedDump();
+    const std::int16_t IntDump = shownDump_.SelectedDump().Value();
     const Text StrTable = ChooseTarget(IntDump, views_.CmbTargetTable.Text());
-    if (ToUpper(views_.LBLTargetTableName.Caption()) != ToUpper(StrTable)) {
+    if (ToUpper(TableInLabel()) != ToUpper(StrTable)) {
         if (lookup_.DumpHasRules() && !UserGivesUpRules(IntDump, StrTable))
             return;
         AssignTable(IntDump, StrTable);
@@ -31,10 +31,13 @@ void DumpRetargeting::CmdChange_Click()
     shownDump_.RefreshTargetFields();
 }
 
+// The label decides, also while it shows the table of another dump than the selected one.
+const Text& DumpRetargeting::TableInLabel() const { return views_.LBLTargetTableName.Caption(); }
+
 bool DumpRetargeting::UserGivesUpRules(std::int16_t IntDump, const Text& StrNewTable)
 {
     const Text StrDump = PrintedNumber(IntDump);
-    const Text& StrOldTable = views_.LBLTargetTableName.Caption();
+    const Text& StrOldTable = TableInLabel();
     const MessageButton answer = platform_.ShowMessage(
         {.Text = u"You are changing the association of dump" + StrDump + u" from table : " + StrOldTable + u" to " +
                  StrNewTable + u"\r\nYou lose the maintained rules of dump" + StrDump + u" for target table " +
@@ -52,7 +55,7 @@ void DumpRetargeting::AssignTable(std::int16_t IntDump, const Text& StrTable)
     object_.RemoveRules(dump);
     AppendDefaultRule(dump, StrTable);
     views_.LBLTargetTableName.Caption(StrTable);
-    shownDump_.ShowDump(IntDump);
+    shownDump_.ShowDump(DumpNumber(IntDump));
 }
 
 void DumpRetargeting::AppendDefaultRule(const DumpRecord& dump, const Text& StrTable)

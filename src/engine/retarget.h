@@ -25,6 +25,7 @@ public:
     void AppendDefaultRule(const DumpRecord& dump, const Text& StrTable);
 
 private:
+    [[nodiscard]] const Text& TableInLabel() const;
     [[nodiscard]] bool UserGivesUpRules(std::int16_t IntDump, const Text& StrNewTable);
     void AssignTable(std::int16_t IntDump, const Text& StrTable);
 

@@ -80,7 +80,7 @@ void RuleMapping::CmdGuess_Click()
                        guess.RuleFor({StrName, target.TextAt(TargetField::Type), target.TextAt(TargetField::Length),
                                       target.TextAt(TargetField::Domain), target.TextAt(TargetField::Enums)}));
     }
-    shownDump_.SaveDumpRules(views_.CmbDump.Tag());
+    shownDump_.SaveShownRules();
 }
 
 } // namespace rulemesh

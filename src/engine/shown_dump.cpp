@@ -29,7 +29,7 @@ void ShownDump::RefreshTargetList()
     FillTargetFields(views_.lstTargetFields, table);
 }
 
-void ShownDump::ShowDump(std::int16_t IntDump)
+void ShownDump::ShowDump(DumpNumber dump)
 {
     ShowSourceFields();
     if (state_.BoolMultiTarget) {
@@ -38,14 +38,14 @@ void ShownDump::ShowDump(std::int16_t IntDump)
         if (views_.RulesGrid.Rows() < 2) {
             const TableRecord table = lookup_.GetTargetTableNode(0);
             if (!table) {
-                views_.CmbDump.Tag(TwoDigitNumber(IntDump));
+                state_.DumpInGrid = GridDump(dump, GridDump::Digits::Two);
                 return;
             }
             BuildRuleRows(ToLower(table.Name()));
         }
-        LoadDumpRules(IntDump);
+        LoadDumpRules(dump);
     }
-    views_.CmbDump.Tag(PlainNumber(IntDump));
+    state_.DumpInGrid = GridDump(dump);
 }
 
 void ShownDump::ShowSourceFields()
@@ -64,56 +64,58 @@ void ShownDump::BuildRuleRows(const Text& StrTable)
     if (!table)
         return;
     views_.RulesGrid.ClearRows();
-    views_.CmbDump.ToolTip(CommentOf(LeadingNumber(views_.CmbDump.Text())));
+    views_.CmbDump.ToolTip(CommentOfSelectedDump());
     for (const FieldRecord field : table.Fields())
         views_.RulesGrid.AddItem({QualifiedName(table.Name(), field.Name()), Text(UntouchedRule)});
 }
 
-void ShownDump::LoadDumpRules(std::int16_t IntDump)
+void ShownDump::LoadDumpRules(DumpNumber dump)
 {
     Grid& grid = views_.RulesGrid;
-    if (IntDump == 0) {
+    if (dump == DumpNumber(0)) {
         for (int row = 0; row < grid.Rows(); ++row)
             grid.TextMatrix(row, 1, u"");
         if (views_.CmbDump.HasSelection())
-            ShowSelectedDumpInCaption();
+            ShowSelectedDumpInDetails();
         return;
     }
     const TableRecord table = lookup_.GetTargetTableNode(0);
-    ShowDumpTarget(PlainNumber(IntDump));
+    ShowDumpTarget(dump);
     if (!table) {
-        views_.CmbDump.Tag(TwoDigitNumber(IntDump));
+        state_.DumpInGrid = GridDump(dump, GridDump::Digits::Two);
         return;
     }
     for (const FieldRecord field : table.Fields()) {
         const std::int16_t row = field.Row(); // a faulty number fails before the read of the rule makes a dump
-        const Text StrRule = object_.GetRuleText(IntDump, field.Name());
+        const Text StrRule = object_.GetRuleText(dump.Value(), field.Name());
         grid.TextMatrix(row, 1, StrRule);
     }
     grid.TopRow(0);
     if (!views_.CmbDump.HasSelection())
         views_.CmbDump.ListIndex(0);
-    ShowSelectedDumpInCaption();
+    ShowSelectedDumpInDetails();
 }
 
-void ShownDump::ShowSelectedDumpInCaption()
+void ShownDump::ShowSelectedDumpInDetails()
 {
-    const Text StrComment = CommentOf(LeadingNumber(views_.CmbDump.Text()));
-    views_.Details.Caption(u"F&ields of Dump: " + PrintedNumber(SelectedDump()) + u":" + StrComment);
+    const Text StrComment = CommentOfSelectedDump();
+    const DumpNumber dump = SelectedDump();
+    state_.DumpInDetails = dump;
+    views_.Details.Caption(u"F&ields of Dump: " + PrintedNumber(dump.Value()) + u":" + StrComment);
     views_.CmbDump.ToolTip(StrComment);
 }
 
-Text ShownDump::CommentOf(std::int16_t IntDump) const
+Text ShownDump::CommentOfSelectedDump() const
 {
-    const auto comment = state_.DumpComments.find(IntDump);
+    const auto comment = state_.DumpComments.find(views_.CmbDump.HasSelection() ? SelectedDump().Value() : 0);
     return comment == state_.DumpComments.end() ? Text() : comment->second;
 }
 
-void ShownDump::SaveDumpRules(const Text& StrDump)
+void ShownDump::SaveDumpRules(const GridDump& dump)
 {
-    object_.SaveDumpRules(StrDump, {.AskForTable = [this] { return AskForTargetTable(); },
-                                    .Table = [this] { return lookup_.GetTargetTableNode(0); },
-                                    .Rules = [this] { return RulesOf(views_.RulesGrid); }});
+    object_.SaveDumpRules(dump, {.AskForTable = [this] { return AskForTargetTable(); },
+                                 .Table = [this] { return lookup_.GetTargetTableNode(0); },
+                                 .Rules = [this] { return RulesOf(views_.RulesGrid); }});
 }
 
 // The message does not stop the save: the dump keeps an empty table until somebody chooses one.
@@ -139,8 +141,8 @@ void ShownDump::RefreshTargetFields()
     FillTargetFields(views_.lstTargetFields, table);
     const Text StrTable = table.Name();
     BuildRuleRows(ToLower(StrTable));
-    if (!views_.CmbDump.Tag().empty())
-        LoadDumpRules(ToInt16(views_.CmbDump.Tag()));
+    if (!state_.DumpInGrid.IsNone())
+        LoadDumpRules(state_.DumpInGrid.Number());
     const std::vector<ComboBox::Entry>& entries = views_.CmbTargetTable.Entries();
     for (std::size_t index = 0; index < entries.size(); ++index) {
         if (entries[index].Text == StrTable) {
@@ -150,12 +152,12 @@ void ShownDump::RefreshTargetFields()
     }
 }
 
-void ShownDump::ShowDumpTarget(const Text& StrDump)
+void ShownDump::ShowDumpTarget(DumpNumber dump)
 {
-    const Text StrTable = object_.GetDumpTargetTable(ToInt16(views_.CmbDump.Tag()));
+    const Text StrTable = object_.GetDumpTargetTable(state_.DumpInGrid.Number().Value());
     if (StrTable.empty())
         return;
-    const Text StrDescription = object_.Read().GetDumpTargetDescription(ToInt16(StrDump));
+    const Text StrDescription = object_.Read().GetDumpTargetDescription(dump.Value());
     views_.LBLTargetTableName.Caption(StrTable);
     views_.lblTargetTableDescription.Caption(StrDescription);
     const std::vector<ComboBox::Entry>& entries = views_.CmbTargetTable.Entries();
@@ -167,12 +169,12 @@ void ShownDump::ShowDumpTarget(const Text& StrDump)
 
 void ShownDump::LeaveShownDump(Labels labels)
 {
-    if (views_.CmbDump.Tag().empty())
+    if (state_.DumpInGrid.IsNone())
         return;
-    SaveDumpRules(views_.CmbDump.Tag());
+    SaveShownRules();
     if (!views_.lblTargetTable.Visible())
         return;
-    const std::int16_t IntDump = SelectedDump();
+    const std::int16_t IntDump = SelectedDump().Value();
     views_.LBLTargetTableName.Caption(object_.GetDumpTargetTable(IntDump));
     if (labels == Labels::TableAndDescription)
         views_.lblTargetTableDescription.Caption(object_.Read().GetDumpTargetDescription(IntDump));
@@ -181,37 +183,35 @@ void ShownDump::LeaveShownDump(Labels labels)
 void ShownDump::CmbDump_Click()
 {
     LeaveShownDump(Labels::TableAndDescription);
-    views_.CmbDump.Tag(PlainNumber(SelectedDump()));
+    state_.DumpInGrid = GridDump(SelectedDump());
     views_.lstTargetFields.SetFocus(); // CmbDump loses the focus by this, and that loads the dump
 }
 
 void ShownDump::Command1_Click()
 {
     LeaveShownDump(Labels::Table);
-    views_.CmbDump.Tag(PlainNumber(SelectedDump()));
+    state_.DumpInGrid = GridDump(SelectedDump());
 }
 
-std::int16_t ShownDump::SelectedDump() const { return ToInt16(std::int64_t{views_.CmbDump.ItemData()}); }
+DumpNumber ShownDump::SelectedDump() const { return DumpNumber(ToInt16(std::int64_t{views_.CmbDump.ItemData()})); }
 
-bool ShownDump::CaptionHasDump() const { return views_.Details.Caption().find(u':') != Text::npos; }
-
-std::int16_t ShownDump::DumpInCaption() const
+DumpNumber ShownDump::DumpInDetails() const
 {
-    if (!CaptionHasDump())
+    if (!state_.DumpInDetails)
         throw Failure(FailureCode::SubscriptOutOfRange,
                       u"No dump is shown yet: the caption " + Quoted(views_.Details.Caption()) + u" names none");
-    return ToInt16(TrimBlanks(Split(views_.Details.Caption(), u':')[1]));
+    return *state_.DumpInDetails;
 }
 
 void ShownDump::CmbDump_LostFocus()
 {
-    if (!CaptionHasDump() || !views_.CmbDump.HasSelection())
+    if (!state_.DumpInDetails || !views_.CmbDump.HasSelection())
         return;
-    const std::int16_t IntDump = SelectedDump();
-    if (IntDump == DumpInCaption())
+    const DumpNumber dump = SelectedDump();
+    if (dump == DumpInDetails())
         return;
-    views_.CmbDump.Tag(PlainNumber(IntDump));
-    ShowDump(IntDump);
+    state_.DumpInGrid = GridDump(dump);
+    ShowDump(dump);
 }
 
 } // namespace rulemesh

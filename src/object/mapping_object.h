@@ -93,7 +93,7 @@ public:
     /// field whose `No` is n has the rule of row n - 1; "" removes its record. Raises what the conversion of a `No`
     /// raises, and InvalidPropertyArrayIndex for a field without a record whose row the column lacks; the fields before
     /// it are saved by then.
-    void SaveDumpRules(const Text& StrDump, const DumpToSave& from);
+    void SaveDumpRules(const GridDump& shown, const DumpToSave& from);
 
     /// The rule of a field given by the name of its element; "" removes its record, its note with it.
     void SetRule(const DumpRecord& dump, TextView StrField, TextView StrRule);

@@ -25,11 +25,11 @@ void WriteRule(XmlNode rule, TextView StrRule)
 
 } // namespace
 
-void MappingObject::SaveDumpRules(const Text& StrDump, const DumpToSave& from)
+void MappingObject::SaveDumpRules(const GridDump& shown, const DumpToSave& from)
 {
-    if (StrDump.empty() || StrDump == u"0")
+    if (!shown.HasRules())
         return;
-    const DumpRecord dump(DumpToFill(ToInt16(StrDump), from.AskForTable));
+    const DumpRecord dump(DumpToFill(shown.Number().Value(), from.AskForTable));
     const TableRecord table = from.Table();
     if (!table)
         return;

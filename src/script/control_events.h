@@ -27,9 +27,9 @@ public:
     virtual void SaveDoneDisabled() = 0;
     virtual void SaveDoneEnabled() = 0;
 
-    /// The work is no longer what it was: an action that changed it has ended (also one that ended in a failure, and one
-    /// that only stored what a box or the grid held), it was undone or redone, or a new history began. Comes once for
-    /// an action, whatever ran inside of it, when it has ended.
+    /// The work is no longer what it was: an action that changed it has ended (also one that ended in a failure, and
+    /// one that only stored what a box or the grid held), it was undone or redone, or a new history began. Comes once
+    /// for an action, whatever ran inside of it, when it has ended.
     virtual void WorkChanged() {}
 
     /// What Undo or Redo would do is no longer what it was. Comes when the action has ended.

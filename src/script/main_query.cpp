@@ -6,17 +6,28 @@
 
 namespace rulemesh {
 
+namespace {
+
+// A row of lstMigrateSource names its table: "migrate srtab001".
+Text TableOfRow(TextView StrRow)
+{
+    constexpr TextView StrPrefix = u"migrate ";
+    return Text(TrimBlanks(StrRow.substr(FindIgnoringCase(StrRow, StrPrefix) + StrPrefix.size())));
+}
+
+} // namespace
+
 void MainQueries::ShowMigrateQuery(const Text& StrTable)
 {
     views_.txtMainQuery.Text(StrTable.empty() ? Text() : DecodeEntities(object_.Read().GetQueryText(StrTable)));
-    views_.txtMainQuery.Tag(StrTable);
+    state_.QueryTable = TableCode(StrTable);
     if (!state_.BoolEdit)
         views_.CmdMQDoc.Enabled(HasMainQueryNote());
 }
 
 bool MainQueries::HasMainQueryNote() const
 {
-    const Text& StrTable = views_.txtMainQuery.Tag();
+    const Text& StrTable = state_.QueryTable.Written();
     if (TrimBlanks(StrTable).empty())
         return false;
     const ScriptRecord query = object_.Read().Query(StrTable);
@@ -30,10 +41,10 @@ void MainQueries::SaveMainQuery()
     state_.IntPriorDumpNumbers = {0};
     state_.StrPriorDumpTexts = {u""};
     CollectDumps(state_.IntPriorDumpNumbers, state_.StrPriorDumpTexts);
-    SaveQuery(box.Tag(), box.Text());
+    SaveQuery(state_.QueryTable.Written(), box.Text());
     CollectDumps(state_.IntDumpNumbers, state_.StrDumpTexts);
     ReconcileDumps(state_.IntDumpNumbers, state_.IntPriorDumpNumbers, box, platform_);
-    SaveQuery(box.Tag(), box.Text());
+    SaveQuery(state_.QueryTable.Written(), box.Text());
 }
 
 void MainQueries::CollectDumps(std::vector<std::int16_t>& IntNumbers, std::vector<Text>& StrTexts)
@@ -69,16 +80,15 @@ void MainQueries::MainQuery(const Text& StrText)
 
 void MainQueries::lstMigrateSource_ItemClick(ListRow row)
 {
-    constexpr TextView StrPrefix = u"migrate ";
     const Text StrRow = views_.lstMigrateSource.TextAt(row, 0);
     if (StrRow.empty())
         return;
     SyntaxBox& box = views_.txtMainQuery;
-    if (!box.Tag().empty())
-        SaveQuery(box.Tag(), box.Text());
-    const Text StrTable(TrimBlanks(TextView(StrRow).substr(FindIgnoringCase(StrRow, StrPrefix) + StrPrefix.size())));
+    if (!state_.QueryTable.IsNone())
+        SaveQuery(state_.QueryTable.Written(), box.Text());
+    const Text StrTable = TableOfRow(StrRow);
     box.Text(DecodeEntities(object_.Read().GetQueryText(StrTable)));
-    box.Tag(StrTable);
+    state_.QueryTable = TableCode(StrTable);
 }
 
 void MainQueries::txtMainQuery_GotFocus()
@@ -96,8 +106,8 @@ void MainQueries::txtMainQuery_KeyDown(std::int16_t& KeyCode, std::int16_t Shift
 void MainQueries::cmdBuildMQ_Click()
 {
     const SyntaxBox& box = views_.txtMainQuery;
-    if (!box.Tag().empty())
-        events_.ShowQueryBuilderPopUp(box.Text(), box.Tag());
+    if (!state_.QueryTable.IsNone())
+        events_.ShowQueryBuilderPopUp(box.Text(), state_.QueryTable.Written());
 }
 
 } // namespace rulemesh

@@ -8,7 +8,7 @@
 
 namespace rulemesh {
 
-/// The main queries: one script for each migrate table, shown one at a time in txtMainQuery, whose tag names the table.
+/// The main queries: one script for each migrate table, shown one at a time in txtMainQuery: QueryTable says which.
 /// The scripts decide which dumps exist; a save compares the dumps before and after it and guards against their loss.
 class MainQueries {
 public:

@@ -83,7 +83,7 @@ void PreConditions::AnalysePreCondition()
     }
     const bool opens = !AddFirstUnknownTable() && CatalogueHasMigrateTables();
     views_.MainTab.TabEnabled(1, opens);
-    if (!IsInStringList(state_.StrMigrateTables, views_.txtMainQuery.Tag()))
+    if (!IsInStringList(state_.StrMigrateTables, state_.QueryTable.Written()))
         queries_.ShowMigrateQuery(state_.StrMigrateTables.front());
     scanner_.FillMigrateList();
 }

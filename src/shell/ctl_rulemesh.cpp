@@ -75,7 +75,7 @@ std::string ctlRulemesh::MappingObjectXmlUtf8()
     preConditions_.SavePreCondition();
     queries_.SaveMainQuery();
     if (views_.CmbDump.HasSelection())
-        shownDump_.SaveDumpRules(PlainNumber(shownDump_.SelectedDump()));
+        shownDump_.SaveDumpRules(GridDump(shownDump_.SelectedDump()));
     pruning_.PruneDocument();
     std::string StrXml = XmlDocument_.xmlUtf8();
     LeaveCopyFile(StrXml);
@@ -141,6 +141,13 @@ void ctlRulemesh::ShowControl()
     views_.CmdChange.Visible(state_.BoolMultiTarget);
     if (state_.BoolMultiTarget)
         FillTargetTableCombo();
+}
+
+Text ctlRulemesh::TagOf(const View& view) const
+{
+    if (&view == &views_.CmbDump)
+        return state_.DumpInGrid.Tag();
+    return &view == &views_.txtMainQuery ? state_.QueryTable.Written() : Text();
 }
 
 Text ctlRulemesh::ForeignRoot() const
@@ -230,7 +237,7 @@ void ctlRulemesh::UserControl_KeyDown(std::int16_t KeyCode, std::int16_t Shift)
 void ctlRulemesh::UserControl_ExitFocus()
 {
     if (!state_.BoolEditorOpen)
-        queries_.SaveQuery(views_.txtMainQuery.Tag(), views_.txtMainQuery.Text());
+        queries_.SaveQuery(state_.QueryTable.Written(), views_.txtMainQuery.Text());
 }
 
 } // namespace rulemesh

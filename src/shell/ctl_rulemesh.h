@@ -128,6 +128,10 @@ public:
     /// path leads into such an object and its views stay empty, so a front end warns.
     [[nodiscard]] Text ForeignRoot() const;
 
+    /// The tag of a view: of CmbDump the dump whose rules the grid shows, of txtMainQuery the table whose script it
+    /// shows, "" of any other.
+    [[nodiscard]] Text TagOf(const View& view) const;
+
     /// For looking in: nothing is saved, pruned or asked by these.
     [[nodiscard]] const ControlState& State() const noexcept { return state_; }
     [[nodiscard]] std::string DocumentAsItStands() const { return XmlDocument_.xmlUtf8(); }

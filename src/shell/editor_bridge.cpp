@@ -3,6 +3,7 @@
 #include "base/failure.h"
 #include "base/numbers.h"
 #include "shell/temporary_texts.h"
+#include "shell/text_panels.h"
 
 namespace rulemesh {
 
@@ -73,7 +74,7 @@ void EditorBridge::CmdPreEditor_Click()
 // Nothing is saved here: that is for CmdOk to do. In a read-only control too the text comes back into the box.
 void EditorBridge::CmdFuncEditor_Click()
 {
-    const bool editsFunctions = views_.lblPreCondition.Caption() == u"Functions";
+    const bool editsFunctions = CaptionSaysFunctions(views_);
     SyntaxBox& box = editsFunctions ? views_.txtFunctions : views_.txtVariables;
     MakeTrip(views_.CmdFuncEditor, editsFunctions ? u"func.bc" : u"var.bc", box.Text(), TakesBack::Always,
              [&](const Text& StrText) { box.Text(StrText); });

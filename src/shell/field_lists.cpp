@@ -28,10 +28,10 @@ void FieldLists::lstSourceFields_GotFocus()
 
 void FieldLists::lstTargetFields_ItemClick(ListRow row)
 {
-    const std::int16_t IntShown = shownDump_.DumpInCaption();
-    const std::int16_t IntChosen = shownDump_.SelectedDump();
-    if (IntShown != IntChosen) {
-        shownDump_.ShowDump(IntChosen);
+    const DumpNumber shown = shownDump_.DumpInDetails();
+    const DumpNumber chosen = shownDump_.SelectedDump();
+    if (shown != chosen) {
+        shownDump_.ShowDump(chosen);
         return;
     }
     const ListView::Row& item = views_.lstTargetFields.At(row);

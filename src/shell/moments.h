@@ -4,7 +4,7 @@
 #include <memory>
 #include <vector>
 
-#include "document/control_state.h"
+#include "object/control_state.h"
 #include "views/designer_views.h"
 
 namespace rulemesh {

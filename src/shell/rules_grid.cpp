@@ -90,7 +90,7 @@ void RulesGridEditing::RulesGrid_LeaveCell()
     if (!views_.txtgrdline.Visible())
         return;
     views_.RulesGrid.Text(views_.txtgrdline.Text());
-    shownDump_.SaveDumpRules(views_.CmbDump.Tag());
+    shownDump_.SaveShownRules();
     views_.txtgrdline.Visible(false);
 }
 

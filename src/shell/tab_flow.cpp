@@ -19,7 +19,7 @@ void TabFlow::ShowScripts(std::int16_t PreviousTab)
     views_.FrmCondition.Enabled(true);
     views_.LBLTargetTableName.Enabled(true);
     if (PreviousTab == 1)
-        shownDump_.SaveDumpRules(views_.CmbDump.Tag());
+        shownDump_.SaveShownRules();
     layout_.UserControl_Resize();
 }
 
@@ -37,14 +37,14 @@ void TabFlow::ShowRules()
         platform_.ShowMessage({.Text = u"Define Dumps", .Title = u"Mapping Object", .Icon = MessageIcon::Critical});
         return;
     }
-    Text StrDump = views_.CmbDump.HasSelection() ? PlainNumber(views_.CmbDump.ItemData()) : u"0";
+    DumpNumber dump = views_.CmbDump.HasSelection() ? shownDump_.SelectedDump() : DumpNumber(0);
     FillDumpList();
     if (state_.BoolMultiTarget)
-        ChooseMissingTargets(StrDump);
-    if (!IsInDumpList(state_.IntDumpNumbers, ToInt16(StrDump)))
-        StrDump = TwoDigitNumber(state_.IntDumpNumbers.front());
-    SelectDump(StrDump);
-    shownDump_.ShowDump(ToInt16(StrDump));
+        ChooseMissingTargets(dump);
+    if (!IsInDumpList(state_.IntDumpNumbers, dump.Value()))
+        dump = DumpNumber(state_.IntDumpNumbers.front());
+    SelectDump(dump);
+    shownDump_.ShowDump(dump);
     views_.CmbDump.SetFocus();
     layout_.UserControl_Resize();
 }
@@ -62,7 +62,7 @@ void TabFlow::FillDumpList()
 
 // The attribute is read as it stands: GetDumpTargetTable would write the default into it. Cancel means the first
 // table, so no dump is left without one.
-void TabFlow::ChooseMissingTargets(Text& StrDump)
+void TabFlow::ChooseMissingTargets(DumpNumber& goesTo)
 {
     for (std::size_t index = 0; index < views_.CmbDump.Entries().size(); ++index) {
         const auto IntDump = static_cast<std::int16_t>(views_.CmbDump.Entries()[index].Data);
@@ -74,18 +74,17 @@ void TabFlow::ChooseMissingTargets(Text& StrDump)
         object_.SetDumpTable(dump, StrTable);
         retargeting_.AppendDefaultRule(dump, StrTable);
         if (views_.CmbDump.HasSelection())
-            StrDump = PlainNumber(views_.CmbDump.ItemData());
+            goesTo = shownDump_.SelectedDump();
     }
 }
 
-void TabFlow::SelectDump(const Text& StrDump)
+void TabFlow::SelectDump(DumpNumber dump)
 {
-    const std::int16_t IntDump = ToInt16(StrDump);
     const std::vector<ComboBox::Entry>& entries = views_.CmbDump.Entries();
     for (std::size_t index = 0; index < entries.size(); ++index) {
-        if (entries[index].Data == IntDump) {
+        if (entries[index].Data == dump.Value()) {
             views_.CmbDump.ListIndex(static_cast<int>(index));
-            views_.CmbDump.Tag(TwoDigitNumber(IntDump));
+            state_.DumpInGrid = GridDump(dump, GridDump::Digits::Two);
             return;
         }
     }

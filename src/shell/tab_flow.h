@@ -24,8 +24,8 @@ private:
     void ShowScripts(std::int16_t PreviousTab);
     void ShowRules();
     void FillDumpList();
-    void ChooseMissingTargets(Text& StrDump);
-    void SelectDump(const Text& StrDump);
+    void ChooseMissingTargets(DumpNumber& goesTo);
+    void SelectDump(DumpNumber dump);
 
     MappingObject& object_;
     ControlState& state_;

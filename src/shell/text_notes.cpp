@@ -37,7 +37,7 @@ void TextNotes::CmdPreDoc_Click()
 
 void TextNotes::CmdMQDoc_Click()
 {
-    const Text& StrTable = views_.txtMainQuery.Tag();
+    const Text& StrTable = state_.QueryTable.Written();
     if (TrimBlanks(StrTable).empty())
         return;
     const ScriptRecord query = object_.Read().Query(StrTable);
@@ -49,7 +49,7 @@ void TextNotes::CmdDumpText_Click()
 {
     if (views_.CmbDump.Text().empty())
         return;
-    const DumpRecord dump = object_.Read().GetDumpNode(ToInt16(views_.CmbDump.Tag()));
+    const DumpRecord dump = object_.Read().GetDumpNode(state_.DumpInGrid.Number().Value());
     if (!dump)
         return;
     Shared().BoolTextMode = true;

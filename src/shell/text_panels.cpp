@@ -11,7 +11,25 @@ constexpr TextView LineEndMark = u"~^~";
 
 constexpr int PanelButtonGap = 120; // twips
 
+Text CaptionOf(TextPanel panel)
+{
+    switch (panel) {
+    case TextPanel::Functions:
+        return u"Functions";
+    case TextPanel::Variables:
+        return u"Variables / Includes ";
+    case TextPanel::None:
+        break;
+    }
+    return u"PreCondition";
+}
+
 } // namespace
+
+bool CaptionSaysFunctions(const DesignerViews& views)
+{
+    return views.lblPreCondition.Caption() == CaptionOf(TextPanel::Functions);
+}
 
 Text WithoutMarks(TextView StrVariables)
 {
@@ -44,6 +62,7 @@ void TextPanels::ShowPanelButtons(bool BoolVisible)
     views_.CmdFuncEditor.Visible(BoolVisible);
 }
 
+// What closes is what shows: a host may have hidden or shown a box by itself.
 // Without a save the stored text is written back as it is, which makes the element if it was missing.
 void TextPanels::CloseTextPanel(bool BoolShowViews, bool BoolSave)
 {
@@ -59,15 +78,21 @@ void TextPanels::CloseTextPanel(bool BoolShowViews, bool BoolSave)
     ShowMainQueryView(BoolShowViews);
     ShowPanelButtons(!BoolShowViews);
     if (BoolShowViews)
-        views_.lblPreCondition.Caption(u"PreCondition");
+        SayWhatIsOpen(TextPanel::None);
 }
 
-void TextPanels::OpenPanel(SyntaxBox& box, const Text& StrText, const Text& StrCaption)
+void TextPanels::SayWhatIsOpen(TextPanel panel)
+{
+    state_.OpenPanel = panel;
+    views_.lblPreCondition.Caption(CaptionOf(panel));
+}
+
+void TextPanels::OpenPanel(TextPanel panel, SyntaxBox& box, const Text& StrText)
 {
     box.Text(StrText);
     CloseTextPanel(false, false);
     box.Visible(true);
-    views_.lblPreCondition.Caption(StrCaption);
+    SayWhatIsOpen(panel);
     box.SetFocus();
     if (state_.BoolEdit)
         events_.SaveDoneDisabled();
@@ -75,13 +100,13 @@ void TextPanels::OpenPanel(SyntaxBox& box, const Text& StrText, const Text& StrC
 
 void TextPanels::CmdFunction_Click()
 {
-    OpenPanel(views_.txtFunctions, DecodeEntities(object_.Read().GetFunctionsText()), u"Functions");
+    OpenPanel(TextPanel::Functions, views_.txtFunctions, DecodeEntities(object_.Read().GetFunctionsText()));
 }
 
 void TextPanels::CmdVariables_Click()
 {
     const Text StrText = WithoutMarks(object_.Read().GetVariablesText());
-    OpenPanel(views_.txtVariables, DecodeEntities(StrText), u"Variables / Includes ");
+    OpenPanel(TextPanel::Variables, views_.txtVariables, DecodeEntities(StrText));
 }
 
 void TextPanels::CmdOk_Click()

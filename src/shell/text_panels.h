@@ -8,6 +8,10 @@ namespace rulemesh {
 /// The text of the variables without the marks "~|~" and "~^~" by which other writers tell a tab and a line end.
 [[nodiscard]] Text WithoutMarks(TextView StrVariables);
 
+/// Whether the external editor is for the functions. The caption over the boxes decides and not the panel that was
+/// opened, as the enlarging of a script, which writes the caption too, has always had the last word.
+[[nodiscard]] bool CaptionSaysFunctions(const DesignerViews& views);
+
 /// The two panels that take the place of the scripts: the functions and the variables of the object. A panel's text is
 /// stored by OK alone. Also shows and hides the views of the two scripts as groups.
 class TextPanels {
@@ -31,7 +35,8 @@ public:
 private:
     void ShowPanelButtons(bool BoolVisible);
     void CloseTextPanel(bool BoolShowViews, bool BoolSave);
-    void OpenPanel(SyntaxBox& box, const Text& StrText, const Text& StrCaption);
+    void OpenPanel(TextPanel panel, SyntaxBox& box, const Text& StrText);
+    void SayWhatIsOpen(TextPanel panel);
 
     MappingObject& object_;
     ControlState& state_;

@@ -5,6 +5,17 @@
 
 namespace rulemesh {
 
+namespace {
+
+// What a move stores, such as the rules of a dump that is left, was work before: it is told without a comparison, which
+// would cost as much as the store.
+bool LooksAround(const Action& action) noexcept
+{
+    return action.What == Action::Kind::Move || action.What == Action::Kind::Key;
+}
+
+} // namespace
+
 WorkWatch::WorkWatch(XmlDocument& document, DesignerViews& views, Moments& moments, History& history,
                      ControlEvents& events)
     : XmlDocument_(document), moments_(moments), history_(history), events_(events)
@@ -34,7 +45,9 @@ void WorkWatch::ActionEnds(const Action& action)
         if (action.What == Action::Kind::Begin || !begun_) {
             history_.Forget();
         } else {
-            changed = XmlDocument_.ChangeText(edits) || !moments_.WorkNow().IsSameAs(begun_->WorkBefore);
+            changed = LooksAround(action)
+                          ? !edits.IsEmpty()
+                          : XmlDocument_.ChangeText(edits) || !moments_.WorkNow().IsSameAs(begun_->WorkBefore);
             history_.ActionEnds(action, changed, std::move(begun_->Before), std::move(edits));
         }
     } catch (const std::bad_alloc&) {

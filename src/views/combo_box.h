@@ -38,13 +38,6 @@ public:
     /// The data of the selected entry. Raises ObjectVariableNotSet without one.
     [[nodiscard]] std::int32_t ItemData() const { return Selected().Data; }
 
-    [[nodiscard]] const rulemesh::Text& Tag() const noexcept { return tag_; }
-    void Tag(rulemesh::Text tag)
-    {
-        tag_ = std::move(tag);
-        ChangedUnseen();
-    }
-
     /// The user picks an entry; picking the one that is selected already runs the click handler too.
     void UserChooses(int index);
 
@@ -53,16 +46,15 @@ public:
 protected:
     [[nodiscard]] std::unique_ptr<ViewValues> CopyOwnValues() const override
     {
-        return CopyOf(std::tie(entries_, index_, tag_), entries_.size() * sizeof(Entry));
+        return CopyOf(std::tie(entries_, index_), entries_.size() * sizeof(Entry));
     }
-    void PutOwnValuesBack(const ViewValues& values) override { PutBack(values, std::tie(entries_, index_, tag_)); }
+    void PutOwnValuesBack(const ViewValues& values) override { PutBack(values, std::tie(entries_, index_)); }
 
 private:
     [[nodiscard]] const Entry& Selected() const;
 
     std::vector<Entry> entries_;
     int index_ = None;
-    rulemesh::Text tag_;
 };
 
 } // namespace rulemesh

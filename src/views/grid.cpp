@@ -9,7 +9,10 @@
 
 namespace rulemesh {
 
-bool Grid::Has(GridRow row, int col) const noexcept { return row >= 0 && row < Rows() && col >= 0 && col < ColumnCount; }
+bool Grid::Has(GridRow row, int col) const noexcept
+{
+    return row >= 0 && row < Rows() && col >= 0 && col < ColumnCount;
+}
 
 void Grid::RaiseNoCell(FailureCode code, GridRow row, int col) const
 {

@@ -44,8 +44,8 @@ void ListView::Sort() const
 
 void ListView::RaiseNoRow(ListRow row) const
 {
-    throw Failure(FailureCode::IndexOutOfBounds, Text(Name()) + u" has no row " + PlainNumber(row.Number()) + u"; it has " +
-                                                     PlainNumber(Count()) + u", counted from 1");
+    throw Failure(FailureCode::IndexOutOfBounds, Text(Name()) + u" has no row " + PlainNumber(row.Number()) +
+                                                     u"; it has " + PlainNumber(Count()) + u", counted from 1");
 }
 
 std::size_t ListView::IndexOf(ListRow row) const

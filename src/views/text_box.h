@@ -18,14 +18,6 @@ public:
     /// The text as it is now; a later change leaves it as it is.
     [[nodiscard]] std::shared_ptr<const rulemesh::Text> SharedText() const noexcept { return text_; }
 
-    /// A note of the program's own that the user doesn't see.
-    [[nodiscard]] const rulemesh::Text& Tag() const noexcept { return tag_; }
-    void Tag(rulemesh::Text tag)
-    {
-        tag_ = std::move(tag);
-        ChangedUnseen();
-    }
-
     [[nodiscard]] bool Locked() const noexcept { return locked_; }
     void Locked(bool locked)
     {
@@ -60,17 +52,16 @@ protected:
 
     [[nodiscard]] std::unique_ptr<ViewValues> CopyOwnValues() const override
     {
-        return CopyOf(std::tie(text_, tag_, caret_, locked_), text_->size() * sizeof(char16_t));
+        return CopyOf(std::tie(text_, caret_, locked_), text_->size() * sizeof(char16_t));
     }
     void PutOwnValuesBack(const ViewValues& values) override
     {
-        PutBack(values, std::tie(text_, tag_, caret_, locked_));
+        PutBack(values, std::tie(text_, caret_, locked_));
         ++caretMoves_;
     }
 
 private:
     std::shared_ptr<const rulemesh::Text> text_ = std::make_shared<const rulemesh::Text>();
-    rulemesh::Text tag_;
     std::size_t caret_ = 0;
     unsigned caretMoves_ = 0;
     bool locked_ = false;

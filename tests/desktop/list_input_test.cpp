@@ -21,8 +21,8 @@ protected:
     ListInput()
     {
         ShowRules();
-        Views().lstTargetFields.ItemClick = [this, before = Views().lstTargetFields.ItemClick](int row) {
-            Clicked.push_back(row);
+        Views().lstTargetFields.ItemClick = [this, before = Views().lstTargetFields.ItemClick](ListRow row) {
+            Clicked.push_back(row.Number());
             before(row);
         };
         Clicked.clear();

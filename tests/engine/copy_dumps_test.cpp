@@ -73,7 +73,7 @@ TEST_F(CopyDumps, ATargetWithoutElementIsMadeAndFails)
     NameDumps({{1, u"x"}, {3, u""}});
     EXPECT_EQ(FailureOf([&] { Copy(u"3"); }), FailureCode::ObjectVariableNotSet);
     EXPECT_EQ(Dumps(), R"(<DUMP No="3" TT="tgtab001"><A>a</A></DUMP><DUMP No="1" TXT=""/>)");
-    views_.CmbDump.Tag(u"1");
+    state_.DumpInGrid = GridDump(DumpNumber(1));
     Copy(u"3");
     EXPECT_EQ(Dumps(),
               R"(<DUMP No="3" TT="tgtab001"><A>a</A></DUMP><DUMP No="1" TXT="" TT="tgtab001"><A>a</A></DUMP>)");
@@ -236,7 +236,7 @@ TEST_F(CopyToAllDumps, TheNameIsCutBehindTheRealLengthOfTheTable)
     LoadDumps(R"(<DUMP No="1" TT="tg1"><A>a</A><B001.A>longer</B001.A></DUMP><DUMP No="2" TT="TG1"/>)");
     NameDumps({{1, u""}});
     views_.CmbDump.ListIndex(0);
-    views_.CmbDump.Tag(u"1");
+    state_.DumpInGrid = GridDump(DumpNumber(1));
     views_.RulesGrid.AddItem({u"tgtab001.a", u"a"});
     views_.RulesGrid.AddItem({u"tgtab001.b(1)", u""});
     Spread(u"tgtab001.a"); // cut behind "tgta", the length of "tg1" and one

@@ -57,18 +57,16 @@ TEST_F(DumpLookupTest, AMultiTargetObjectGoesByTheDump)
     EXPECT_NE(Below().find(R"(<DUMP No="3" TT="tgtab001"/>)"), std::string::npos);
 }
 
-TEST_F(DumpLookupTest, TheCurrentDumpIsTheOneInTheTag)
+TEST_F(DumpLookupTest, TheCurrentDumpIsTheOneInTheGrid)
 {
     Load(TwoTables);
     state_.BoolMultiTarget = true;
     NameDumps({{1, u""}, {2, u""}});
     EXPECT_EQ(lookup_.GetTargetTableNode(0).Name(), u"TGTAB001"); // the first of the list
-    views_.CmbDump.Tag(u"02");
+    state_.DumpInGrid = GridDump(DumpNumber(2), GridDump::Digits::Two);
     EXPECT_EQ(lookup_.GetTargetTableNode(0).Name(), u"TGTAB002");
-    views_.CmbDump.Tag(u"0");
+    state_.DumpInGrid = GridDump(DumpNumber(0));
     EXPECT_EQ(lookup_.GetTargetTableNode(0).Name(), u"TGTAB001");
-    views_.CmbDump.Tag(u"x");
-    EXPECT_EQ(FailureOf([&] { static_cast<void>(lookup_.GetTargetTableNode(0)); }), FailureCode::TypeMismatch);
 }
 
 TEST_F(DumpLookupTest, ATableWithoutCatalogueIsNull)

@@ -35,8 +35,8 @@ protected:
     void Show(int index)
     {
         views_.CmbDump.ListIndex(index);
-        views_.CmbDump.Tag(PlainNumber(views_.CmbDump.ItemData()));
-        shownDump_.ShowDump(static_cast<std::int16_t>(views_.CmbDump.ItemData()));
+        state_.DumpInGrid = GridDump(shownDump_.SelectedDump());
+        shownDump_.ShowDump(shownDump_.SelectedDump());
     }
 
     /// Makes the object a multi-target one with these tables on offer.

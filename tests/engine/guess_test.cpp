@@ -209,14 +209,14 @@ TEST_F(GuessTest, OccupiedCellsKeepTheirRules)
 
 TEST_F(GuessTest, TheDumpInTheTagIsSaved)
 {
-    views_.CmbDump.Tag(u"7");
+    state_.DumpInGrid = GridDump(DumpNumber(7));
     static_cast<void>(GuessedFor(R"(<A No="1" TYPE="S"/>)", R"(<SRTAB001><B/></SRTAB001>)"));
     EXPECT_NE(Below().find(R"(<DUMP No="7"><A TEXT="" TYPE="0">default()</A></DUMP>)"), std::string::npos);
 }
 
 TEST_F(GuessTest, AnEmptyListEndsItWithoutASave)
 {
-    views_.CmbDump.Tag(u"7");
+    state_.DumpInGrid = GridDump(DumpNumber(7));
     EXPECT_EQ(GuessedFor(R"(<A No="1" TYPE="S"/>)", ""), u" ");
     EXPECT_TRUE(Guessed("", R"(<SRTAB001><B/></SRTAB001>)").empty());
     EXPECT_EQ(Below().find("DUMP"), std::string::npos);

@@ -52,7 +52,7 @@ TEST_F(Retarget, TheLabelTakesTheTableAlsoWhenTheShownDumpHasNoFields)
     Load(std::string(Head) + R"(<DUMP No="1" TT="NONE0001"/><DUMP No="2" TT="TGTAB001"/>)");
     NameDumps({{1, u""}, {2, u""}});
     views_.CmbDump.ListIndex(1);
-    views_.CmbDump.Tag(u"1");
+    state_.DumpInGrid = GridDump(DumpNumber(1));
     Choose(u"TGTAB002");
     EXPECT_EQ(Dumps(), R"(<DUMP No="1" TT="NONE0001"/>)"
                        R"(<DUMP No="2" TT="TGTAB002"><C__1 TEXT="" TYPE="0">default()</C__1></DUMP>)");

@@ -31,7 +31,7 @@ TEST_F(ShownDumpTest, ShowsTheRulesInTheRowsOfTheirNumbers)
     EXPECT_THAT(Rules(), ElementsAre(u"", u"p"));
     EXPECT_EQ(views_.Details.Caption(), u"F&ields of Dump:  3:| three");
     EXPECT_EQ(views_.CmbDump.ToolTip(), u"| three");
-    EXPECT_EQ(views_.CmbDump.Tag(), u"3");
+    EXPECT_EQ(state_.DumpInGrid.Tag(), u"3");
     EXPECT_EQ(views_.LBLTargetTableName.Caption(), u"tgtab001");
     EXPECT_EQ(views_.lblTargetTableDescription.Caption(), u"Items");
 }
@@ -58,8 +58,8 @@ TEST_F(ShownDumpTest, AFaultyNumberFailsTheLoadBeforeADumpIsMade)
     Load(below);
     NameDumps({{4, u""}});
     views_.RulesGrid.AddItem({u"tgtab001.a", u" "});
-    views_.CmbDump.Tag(u"4");
-    EXPECT_EQ(FailureOf([&] { shownDump_.LoadDumpRules(4); }), FailureCode::TypeMismatch);
+    state_.DumpInGrid = GridDump(DumpNumber(4));
+    EXPECT_EQ(FailureOf([&] { shownDump_.LoadDumpRules(DumpNumber(4)); }), FailureCode::TypeMismatch);
     EXPECT_EQ(Below(), below);
 }
 
@@ -67,9 +67,9 @@ TEST_F(ShownDumpTest, ARowBelowSixteenBitsIsAnOverflow)
 {
     Load(R"(<TARTAB><TGTAB001><A No="-32768"/></TGTAB001></TARTAB><DUMP No="1"/>)");
     NameDumps({{1, u""}});
-    views_.CmbDump.Tag(u"1");
-    EXPECT_EQ(FailureOf([&] { shownDump_.LoadDumpRules(1); }), FailureCode::Overflow);
-    EXPECT_EQ(FailureOf([&] { shownDump_.SaveDumpRules(u"1"); }), FailureCode::Overflow);
+    state_.DumpInGrid = GridDump(DumpNumber(1));
+    EXPECT_EQ(FailureOf([&] { shownDump_.LoadDumpRules(DumpNumber(1)); }), FailureCode::Overflow);
+    EXPECT_EQ(FailureOf([&] { shownDump_.SaveDumpRules(GridDump(DumpNumber(1))); }), FailureCode::Overflow);
 }
 
 TEST_F(ShownDumpTest, ARuleIsShownAsItIsStored)
@@ -86,7 +86,7 @@ TEST_F(ShownDumpTest, DumpZeroEmptiesTheRulesAndLeavesTheDocument)
     NameDumps({{3, u""}});
     Show(0);
     const std::string before = Dumps();
-    shownDump_.LoadDumpRules(0);
+    shownDump_.LoadDumpRules(DumpNumber(0));
     EXPECT_THAT(Rules(), ElementsAre(u"", u""));
     EXPECT_EQ(Dumps(), before);
 }
@@ -95,8 +95,8 @@ TEST_F(ShownDumpTest, LoadingTakesTheFirstEntryWhenNoneIsSelected)
 {
     LoadWith(R"(<DUMP No="3"/><DUMP No="4"/>)");
     NameDumps({{3, u"c"}, {4, u"d"}});
-    views_.CmbDump.Tag(u"4");
-    shownDump_.ShowDump(4);
+    state_.DumpInGrid = GridDump(DumpNumber(4));
+    shownDump_.ShowDump(DumpNumber(4));
     EXPECT_EQ(views_.CmbDump.ListIndex(), 0);
     EXPECT_EQ(views_.Details.Caption(), u"F&ields of Dump:  3:c");
 }
@@ -110,7 +110,7 @@ TEST_F(ShownDumpTest, LoadingPutsTheFirstRowOnTop)
     NameDumps({{1, u""}});
     Show(0);
     views_.RulesGrid.TopRow(7);
-    shownDump_.LoadDumpRules(1);
+    shownDump_.LoadDumpRules(DumpNumber(1));
     EXPECT_EQ(views_.RulesGrid.TopRow(), 0);
 }
 
@@ -119,9 +119,9 @@ TEST_F(ShownDumpTest, LoadingWithoutATableSetsTheTagInTwoDigits)
     Load(R"(<DUMP No="3"/>)");
     NameDumps({{3, u""}});
     views_.RulesGrid.AddItem({u"tgtab001.item", u"i"});
-    views_.CmbDump.Tag(u"3");
-    shownDump_.LoadDumpRules(3);
-    EXPECT_EQ(views_.CmbDump.Tag(), u"03");
+    state_.DumpInGrid = GridDump(DumpNumber(3));
+    shownDump_.LoadDumpRules(DumpNumber(3));
+    EXPECT_EQ(state_.DumpInGrid.Tag(), u"03");
     EXPECT_THAT(Rules(), ElementsAre(u"i"));
     EXPECT_FALSE(views_.CmbDump.HasSelection());
 }
@@ -130,9 +130,9 @@ TEST_F(ShownDumpTest, WithoutATableOnlyTheTagIsSet)
 {
     Load(R"(<DUMP No="3"/>)");
     NameDumps({{3, u""}});
-    views_.CmbDump.Tag(u"3");
-    shownDump_.ShowDump(3);
-    EXPECT_EQ(views_.CmbDump.Tag(), u"03");
+    state_.DumpInGrid = GridDump(DumpNumber(3));
+    shownDump_.ShowDump(DumpNumber(3));
+    EXPECT_EQ(state_.DumpInGrid.Tag(), u"03");
     EXPECT_EQ(views_.RulesGrid.Rows(), 0);
     EXPECT_EQ(views_.Details.Caption(), u"Deta&ils");
 }
@@ -144,7 +144,7 @@ TEST_F(ShownDumpTest, SourceFieldsComeInTheOrderOfTheTables)
         views_.lstSourceTables.Add({Text(table)});
     views_.lstSourceFields.Add({u"*", u"001", u"left.over"});
     views_.lstSourceFields.Sorted(false);
-    shownDump_.ShowDump(1);
+    shownDump_.ShowDump(DumpNumber(1));
     ASSERT_EQ(views_.lstSourceFields.Count(), 3);
     EXPECT_EQ(views_.lstSourceFields.TextAt(1, 2), u"srtab002.a");
     EXPECT_EQ(views_.lstSourceFields.TextAt(2, 2), u"srtab002.b");
@@ -198,7 +198,7 @@ TEST_F(ShownDumpTest, ATableWithoutCatalogueEmptiesTheListAndLeavesTheRows)
     Show(1);
     EXPECT_EQ(views_.lstTargetFields.Count(), 0);
     EXPECT_EQ(views_.RulesGrid.Rows(), 2);
-    EXPECT_EQ(views_.CmbDump.Tag(), u"2");
+    EXPECT_EQ(state_.DumpInGrid.Tag(), u"2");
 }
 
 TEST_F(ShownDumpTest, RefreshWithoutATagLeavesTheBlankOfEachRow)
@@ -237,8 +237,8 @@ TEST_F(ShownDumpTest, TheLabelGoesByTheTagAndTheDescriptionByTheArgument)
 {
     LoadWith(R"(<DUMP No="1" TT="tgtab002" TT_DESC="one"/><DUMP No="2" TT="tgtab001" TT_DESC="two"/>)");
     OfferTables({u" tgtab002", u"tgtab002 ", u"TGTAB002"});
-    views_.CmbDump.Tag(u"1");
-    shownDump_.ShowDumpTarget(u"2");
+    state_.DumpInGrid = GridDump(DumpNumber(1));
+    shownDump_.ShowDumpTarget(DumpNumber(2));
     EXPECT_EQ(views_.LBLTargetTableName.Caption(), u"tgtab002");
     EXPECT_EQ(views_.lblTargetTableDescription.Caption(), u"two");
     EXPECT_EQ(views_.CmbTargetTable.ListIndex(), 1); // trimmed, and the last of two
@@ -247,7 +247,7 @@ TEST_F(ShownDumpTest, TheLabelGoesByTheTagAndTheDescriptionByTheArgument)
 TEST_F(ShownDumpTest, AnEmptyTagFailsTheLabels)
 {
     LoadWith(R"(<DUMP No="1"/>)");
-    EXPECT_EQ(FailureOf([&] { shownDump_.ShowDumpTarget(u"1"); }), FailureCode::TypeMismatch);
+    EXPECT_EQ(FailureOf([&] { shownDump_.ShowDumpTarget(DumpNumber(1)); }), FailureCode::TypeMismatch);
 }
 
 TEST_F(ShownDumpTest, SavingCreatesChangesAndRemovesRecords)
@@ -257,12 +257,12 @@ TEST_F(ShownDumpTest, SavingCreatesChangesAndRemovesRecords)
     Show(0);
     views_.RulesGrid.TextMatrix(0, 1, u"new");
     views_.RulesGrid.TextMatrix(1, 1, u"a\r\nb");
-    shownDump_.SaveDumpRules(u"1");
+    shownDump_.SaveDumpRules(GridDump(DumpNumber(1)));
     EXPECT_EQ(Dumps(), "<DUMP No=\"1\" TT=\"tgtab001\"><ITEM TEXT=\"note\" TYPE=\"0\">new</ITEM>"
                        "<PRICE__1 TEXT=\"\" TYPE=\"1\">a&#13;\nb</PRICE__1></DUMP>");
     views_.RulesGrid.TextMatrix(0, 1, u"");
     views_.RulesGrid.TextMatrix(1, 1, u"a b");
-    shownDump_.SaveDumpRules(u"01");
+    shownDump_.SaveDumpRules(GridDump(DumpNumber(1), GridDump::Digits::Two));
     EXPECT_EQ(Dumps(), R"(<DUMP No="1" TT="tgtab001"><PRICE__1 TEXT="" TYPE="0">a b</PRICE__1></DUMP>)");
 }
 
@@ -272,10 +272,9 @@ TEST_F(ShownDumpTest, SavingNoDumpDoesNothing)
     NameDumps({{1, u""}});
     views_.RulesGrid.AddItem({u"tgtab001.item", u"x"});
     views_.RulesGrid.AddItem({u"tgtab001.price(1)", u"y"});
-    shownDump_.SaveDumpRules(u"");
-    shownDump_.SaveDumpRules(u"0");
+    shownDump_.SaveDumpRules(GridDump());
+    shownDump_.SaveDumpRules(GridDump(DumpNumber(0)));
     EXPECT_EQ(Dumps(), R"(<DUMP No="0"/>)");
-    EXPECT_EQ(FailureOf([&] { shownDump_.SaveDumpRules(u"x"); }), FailureCode::TypeMismatch);
 }
 
 // The text "00" is not the text "0": it is a dump like any other.
@@ -285,7 +284,7 @@ TEST_F(ShownDumpTest, SavingTwoZerosSavesDumpZero)
     NameDumps({{0, u""}});
     views_.RulesGrid.AddItem({u"tgtab001.item", u"x"});
     views_.RulesGrid.AddItem({u"tgtab001.price(1)", u""});
-    shownDump_.SaveDumpRules(u"00");
+    shownDump_.SaveDumpRules(GridDump(DumpNumber(0), GridDump::Digits::Two));
     EXPECT_EQ(Dumps(), R"(<DUMP No="0"><ITEM TEXT="" TYPE="0">x</ITEM></DUMP>)");
 }
 
@@ -295,10 +294,10 @@ TEST_F(ShownDumpTest, TheBlankOfANewRowBecomesARecordThatTheNextSaveRemoves)
     NameDumps({{1, u""}});
     Show(0);
     views_.RulesGrid.TextMatrix(0, 1, u" ");
-    shownDump_.SaveDumpRules(u"1");
+    shownDump_.SaveDumpRules(GridDump(DumpNumber(1)));
     EXPECT_EQ(Dumps(), R"(<DUMP No="1" TT="tgtab001"><ITEM TEXT="" TYPE="0"> </ITEM></DUMP>)");
-    shownDump_.LoadDumpRules(1);
-    shownDump_.SaveDumpRules(u"1");
+    shownDump_.LoadDumpRules(DumpNumber(1));
+    shownDump_.SaveDumpRules(GridDump(DumpNumber(1)));
     EXPECT_EQ(Dumps(), R"(<DUMP No="1" TT="tgtab001"/>)");
 }
 
@@ -308,11 +307,13 @@ TEST_F(ShownDumpTest, AFieldPastTheLastRowIsSkippedWithARecordAndFailsWithoutOne
     NameDumps({{1, u""}});
     views_.RulesGrid.AddItem({u"tgtab001.a", u"x"});
     const std::string before = Below();
-    shownDump_.SaveDumpRules(u"1");
+    shownDump_.SaveDumpRules(GridDump(DumpNumber(1)));
     EXPECT_EQ(Below(), before);
-    EXPECT_EQ(FailureOf([&] { shownDump_.SaveDumpRules(u"2"); }), FailureCode::InvalidPropertyArrayIndex);
+    EXPECT_EQ(FailureOf([&] { shownDump_.SaveDumpRules(GridDump(DumpNumber(2))); }),
+              FailureCode::InvalidPropertyArrayIndex);
     Load(R"(<TARTAB><TGTAB001><A No="3"/></TGTAB001></TARTAB><DUMP No="2"/>)");
-    EXPECT_EQ(FailureOf([&] { shownDump_.SaveDumpRules(u"2"); }), std::nullopt); // two past it is skipped
+    EXPECT_EQ(FailureOf([&] { shownDump_.SaveDumpRules(GridDump(DumpNumber(2))); }),
+              std::nullopt); // two past it is skipped
 }
 
 TEST_F(ShownDumpTest, SavingAMissingDumpOfAMultiTargetObjectTakesTheChosenTable)
@@ -322,8 +323,8 @@ TEST_F(ShownDumpTest, SavingAMissingDumpOfAMultiTargetObjectTakesTheChosenTable)
     OfferTables({u"TGTAB002"});
     views_.CmbTargetTable.ListIndex(0);
     views_.RulesGrid.AddItem({u"tgtab002.code", u"c"});
-    views_.CmbDump.Tag(u"2");
-    shownDump_.SaveDumpRules(u"2");
+    state_.DumpInGrid = GridDump(DumpNumber(2));
+    shownDump_.SaveDumpRules(GridDump(DumpNumber(2)));
     EXPECT_EQ(Dumps(), R"(<DUMP No="2" TT="TGTAB002"><CODE TEXT="" TYPE="0">c</CODE></DUMP>)");
     EXPECT_THAT(platform_.Messages, IsEmpty());
 }
@@ -335,8 +336,8 @@ TEST_F(ShownDumpTest, SavingAMissingDumpWithoutAChosenTableSaysSoAndSaves)
     OfferTables({u"TGTAB001"});
     views_.RulesGrid.AddItem({u"tgtab001.item", u"i"});
     views_.RulesGrid.AddItem({u"tgtab001.price(1)", u""});
-    views_.CmbDump.Tag(u"2");
-    shownDump_.SaveDumpRules(u"2");
+    state_.DumpInGrid = GridDump(DumpNumber(2));
+    shownDump_.SaveDumpRules(GridDump(DumpNumber(2)));
     ASSERT_EQ(platform_.Messages.size(), 1U);
     EXPECT_EQ(platform_.Messages[0].Text, u"TargetTable for the Dump Not chosen. Please Choose One Now");
     EXPECT_EQ(platform_.Messages[0].Title, u"");
@@ -355,8 +356,8 @@ TEST_F(ShownDumpTest, SavingAMissingDumpWithoutAChosenTableTurnsToTheTables)
     views_.FrmRules.Enabled(true);
     views_.RulesGrid.AddItem({u"tgtab001.item", u""});
     views_.RulesGrid.AddItem({u"tgtab001.price(1)", u""});
-    views_.CmbDump.Tag(u"1");
-    shownDump_.SaveDumpRules(u"2");
+    state_.DumpInGrid = GridDump(DumpNumber(1));
+    shownDump_.SaveDumpRules(GridDump(DumpNumber(2)));
     EXPECT_EQ(views_.MainTab.Tab(), 1);
     EXPECT_EQ(views_.Tree.Focused(), &views_.CmbTargetTable);
     EXPECT_EQ(Dumps(), R"(<DUMP No="1" TT="TGTAB001"/><DUMP No="2" TT=""/>)"); // not stamped: dump 1 is the shown one
@@ -367,7 +368,7 @@ TEST_F(ShownDumpTest, SavingAMissingDumpOfASingleTargetObjectAsksForNoTable)
     LoadWith("");
     views_.RulesGrid.AddItem({u"tgtab001.item", u""});
     views_.RulesGrid.AddItem({u"tgtab001.price(1)", u""});
-    shownDump_.SaveDumpRules(u"2");
+    shownDump_.SaveDumpRules(GridDump(DumpNumber(2)));
     EXPECT_EQ(Dumps(), R"(<DUMP No="2"/>)");
     EXPECT_THAT(platform_.Messages, IsEmpty());
     EXPECT_EQ(views_.MainTab.Tab(), 0);
@@ -377,7 +378,7 @@ TEST_F(ShownDumpTest, SavingAMissingDumpAppendsItToTheFirstNodeOfTheDocument)
 {
     const std::string xml = "<!--c--><tgtab001>" + std::string(Catalogue) + "</tgtab001>";
     ASSERT_TRUE(document_.loadXML(xml));
-    EXPECT_EQ(FailureOf([&] { shownDump_.SaveDumpRules(u"2"); }), FailureCode::ObjectVariableNotSet);
+    EXPECT_EQ(FailureOf([&] { shownDump_.SaveDumpRules(GridDump(DumpNumber(2))); }), FailureCode::ObjectVariableNotSet);
     EXPECT_EQ(document_.xmlUtf8(), xml);
 }
 
@@ -389,7 +390,7 @@ TEST_F(ShownDumpTest, LeavingTheListMakesTheChosenDumpTheShownOneBeforeItLoads)
     Show(0);
     views_.CmbDump.ListIndex(1); // as after a choice that failed before it set the tag
     shownDump_.CmbDump_LostFocus();
-    EXPECT_EQ(views_.CmbDump.Tag(), u"2");
+    EXPECT_EQ(state_.DumpInGrid.Tag(), u"2");
     EXPECT_THAT(Keys(), ElementsAre(u"tgtab002.code"));
     EXPECT_THAT(Rules(), ElementsAre(u"c"));
 }
@@ -405,7 +406,7 @@ TEST_F(ShownDumpTest, AChoiceSavesTheOldDumpAndNamesTheNewOne)
     shownDump_.CmbDump_Click();
     EXPECT_EQ(Dumps(), R"(<DUMP No="1" TT="tgtab001"><ITEM TEXT="" TYPE="0">i</ITEM></DUMP>)"
                        R"(<DUMP No="2" TT="tgtab002" TT_DESC="Codes"/>)");
-    EXPECT_EQ(views_.CmbDump.Tag(), u"2");
+    EXPECT_EQ(state_.DumpInGrid.Tag(), u"2");
     EXPECT_EQ(views_.LBLTargetTableName.Caption(), u"tgtab002");
     EXPECT_EQ(views_.lblTargetTableDescription.Caption(), u"Codes");
     EXPECT_THAT(Rules(), ElementsAre(u"i", u"")); // the load comes with the lost focus
@@ -424,7 +425,7 @@ TEST_F(ShownDumpTest, ShowNamesTheTableWithoutTheDescription)
     shownDump_.Command1_Click();
     EXPECT_EQ(views_.LBLTargetTableName.Caption(), u"tgtab002");
     EXPECT_EQ(views_.lblTargetTableDescription.Caption(), u"before");
-    EXPECT_EQ(views_.CmbDump.Tag(), u"2");
+    EXPECT_EQ(state_.DumpInGrid.Tag(), u"2");
 }
 
 TEST_F(ShownDumpTest, AFirstChoiceSavesNothing)
@@ -434,7 +435,7 @@ TEST_F(ShownDumpTest, AFirstChoiceSavesNothing)
     views_.CmbDump.ListIndex(0);
     views_.lblTargetTable.Visible(true);
     shownDump_.CmbDump_Click();
-    EXPECT_EQ(views_.CmbDump.Tag(), u"1");
+    EXPECT_EQ(state_.DumpInGrid.Tag(), u"1");
     EXPECT_EQ(views_.LBLTargetTableName.Caption(), u"");
     EXPECT_EQ(Dumps(), "");
 }
@@ -444,7 +445,7 @@ TEST_F(ShownDumpTest, LeavingTheComboLoadsOnlyAnotherDump)
     LoadWith(R"(<DUMP No="1"/><DUMP No="2"/>)");
     NameDumps({{1, u"a:b"}, {2, u""}});
     shownDump_.CmbDump_LostFocus(); // no dump shown yet
-    EXPECT_EQ(views_.CmbDump.Tag(), u"");
+    EXPECT_EQ(state_.DumpInGrid.Tag(), u"");
     Show(0);
     views_.RulesGrid.TextMatrix(0, 1, u"typed");
     shownDump_.CmbDump_LostFocus();
@@ -454,12 +455,9 @@ TEST_F(ShownDumpTest, LeavingTheComboLoadsOnlyAnotherDump)
     EXPECT_EQ(Rules().front(), u"typed");
 }
 
-TEST_F(ShownDumpTest, TheCaptionTellsTheDump)
+TEST_F(ShownDumpTest, NoDumpIsInTheDetailsAtFirst)
 {
-    EXPECT_FALSE(shownDump_.CaptionHasDump());
-    EXPECT_EQ(FailureOf([&] { static_cast<void>(shownDump_.DumpInCaption()); }), FailureCode::SubscriptOutOfRange);
-    views_.Details.Caption(u"F&ields of Dump:  12:a:b");
-    EXPECT_EQ(shownDump_.DumpInCaption(), 12);
+    EXPECT_EQ(FailureOf([&] { static_cast<void>(shownDump_.DumpInDetails()); }), FailureCode::SubscriptOutOfRange);
     EXPECT_EQ(FailureOf([&] { static_cast<void>(shownDump_.SelectedDump()); }), FailureCode::ObjectVariableNotSet);
 }
 

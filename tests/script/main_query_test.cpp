@@ -19,7 +19,7 @@ protected:
     // Puts a table's text into the box as if it had been chosen and edited.
     void Edit(TextView StrTable, TextView StrText)
     {
-        views_.txtMainQuery.Tag(Text(StrTable));
+        state_.QueryTable = TableCode(Text(StrTable));
         views_.txtMainQuery.Text(Text(StrText));
     }
 
@@ -37,7 +37,7 @@ TEST_F(MainQueriesTest, ShowsTheStoredScriptDecodedWithItsTable)
     Load("<QUERY ST=\"abcde123\">a &amp;amp; b\nc</QUERY>");
     queries_.ShowMigrateQuery(u"abcde123");
     EXPECT_EQ(box_.Text(), u"a & b\r\nc");
-    EXPECT_EQ(box_.Tag(), u"abcde123");
+    EXPECT_EQ(state_.QueryTable.Written(), u"abcde123");
 }
 
 TEST_F(MainQueriesTest, ShowsAnEmptyBoxForATableWithoutAScriptAndMakesNone)
@@ -45,7 +45,7 @@ TEST_F(MainQueriesTest, ShowsAnEmptyBoxForATableWithoutAScriptAndMakesNone)
     Edit(u"fghij456", u"old");
     queries_.ShowMigrateQuery(u"abcde123");
     EXPECT_EQ(box_.Text(), u"");
-    EXPECT_EQ(box_.Tag(), u"abcde123");
+    EXPECT_EQ(state_.QueryTable.Written(), u"abcde123");
     EXPECT_EQ(Below(), "");
 }
 
@@ -54,7 +54,7 @@ TEST_F(MainQueriesTest, EmptiesTextAndTableForNoTable)
     Edit(u"abcde123", u"old");
     queries_.ShowMigrateQuery(u"");
     EXPECT_EQ(box_.Text(), u"");
-    EXPECT_EQ(box_.Tag(), u"");
+    EXPECT_EQ(state_.QueryTable.Written(), u"");
 }
 
 TEST_F(MainQueriesTest, EnablesTheNoteButtonByTheNoteWhenReadOnly)
@@ -85,7 +85,7 @@ TEST_F(MainQueriesTest, HasANoteOnlyWithATableAQueryAndAText)
     const std::pair<TextView, bool> cases[] = {{u"abcde123", true}, {u"fghij456", false}, {u"klmno789", false},
                                                {u"", false},        {u"  ", false},       {u" abcde123", false}};
     for (const auto& [tag, expected] : cases) {
-        box_.Tag(Text(tag));
+        state_.QueryTable = TableCode(Text(tag));
         EXPECT_EQ(queries_.HasMainQueryNote(), expected) << testing::PrintToString(tag);
     }
 }
@@ -346,7 +346,7 @@ TEST_F(MainQueriesTest, ChangesScriptsWhenARowIsClicked)
     Edit(u"abcde123", u"select");
     queries_.lstMigrateSource_ItemClick(3);
     EXPECT_EQ(box_.Text(), u"a < b\r\nc");
-    EXPECT_EQ(box_.Tag(), u"fghij456");
+    EXPECT_EQ(state_.QueryTable.Written(), u"fghij456");
     EXPECT_EQ(Below(), "<QUERY ST=\"fghij456\">a &amp;lt; b\nc</QUERY><QUERY ST=\"abcde123\">select</QUERY>");
 }
 
@@ -416,7 +416,7 @@ TEST_F(MainQueriesTest, EnablesTheNoteButtonOnFocusWhenReadOnly)
     state_.BoolEdit = false;
     Load(R"(<QUERY ST="abcde123" TEXT="note">x</QUERY>)");
     views_.CmdMQDoc.Enabled(false);
-    box_.Tag(u"abcde123");
+    state_.QueryTable = TableCode(u"abcde123");
     queries_.txtMainQuery_GotFocus();
     EXPECT_TRUE(views_.CmdMQDoc.Enabled());
 }

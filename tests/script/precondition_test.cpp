@@ -157,7 +157,7 @@ TEST_F(PreConditionsTest, WarnsWhenAllTextIsDeleted)
     EXPECT_THAT(Boxes(), ElementsAre(Warning));
     EXPECT_EQ(Stored(), u"");
     EXPECT_EQ(views_.txtMainQuery.Text(), u"");
-    EXPECT_EQ(views_.txtMainQuery.Tag(), u"");
+    EXPECT_EQ(state_.QueryTable.Written(), u"");
 }
 
 TEST_F(PreConditionsTest, WarnsWhenTheTextIsReplacedByBlanks)
@@ -172,7 +172,7 @@ TEST_F(PreConditionsTest, DoesNotWarnOfATableReplacedInPlace)
     Open("migrate abcde123");
     Save(u"migrate fghij456");
     EXPECT_THAT(Boxes(), IsEmpty());
-    EXPECT_EQ(views_.txtMainQuery.Tag(), u"fghij456");
+    EXPECT_EQ(state_.QueryTable.Written(), u"fghij456");
 }
 
 TEST_F(PreConditionsTest, DoesNotWarnWithoutMigrateTables)
@@ -264,7 +264,7 @@ TEST_F(PreConditionsTest, EmptiesTheMainQueryWithoutAMigrateStatement)
     access_.GetNode(u"/tgtab001/PREC").text(u"select");
     preConditions_.AnalysePreCondition();
     EXPECT_EQ(views_.txtMainQuery.Text(), u"");
-    EXPECT_EQ(views_.txtMainQuery.Tag(), u"");
+    EXPECT_EQ(state_.QueryTable.Written(), u"");
     EXPECT_THAT(RowsOf(views_.lstMigrateSource), IsEmpty());
 }
 
@@ -272,14 +272,14 @@ TEST_F(PreConditionsTest, ShowsTheFirstTableThatIsLeft)
 {
     Open("migrate abcde123 migrate fghij456", R"(<QUERY ST="fghij456">y</QUERY>)");
     Save(u"migrate fghij456", {MessageButton::Ok});
-    EXPECT_EQ(views_.txtMainQuery.Tag(), u"fghij456");
+    EXPECT_EQ(state_.QueryTable.Written(), u"fghij456");
     EXPECT_EQ(views_.txtMainQuery.Text(), u"y");
 }
 
 TEST_F(PreConditionsTest, LeavesTheShownTableWhileItIsMigrated)
 {
     Open("migrate abcde123 migrate fghij456");
-    views_.txtMainQuery.Tag(u"fghij456");
+    state_.QueryTable = TableCode(u"fghij456");
     views_.txtMainQuery.Text(u"being edited");
     preConditions_.AnalysePreCondition();
     EXPECT_EQ(views_.txtMainQuery.Text(), u"being edited");

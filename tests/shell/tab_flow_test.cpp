@@ -54,7 +54,7 @@ TEST_F(TabFlowTest, TheFirstVisitShowsTheFirstDump)
 {
     OpenRules();
     EXPECT_EQ(views_.CmbDump.ListIndex(), 0);
-    EXPECT_EQ(views_.CmbDump.Tag(), u"1");
+    EXPECT_EQ(control_.State().DumpInGrid.Tag(), u"1");
     EXPECT_EQ(views_.Tree.Focused(), &views_.CmbDump);
     EXPECT_EQ(views_.CmbDump.Entries()[1].Text, u"02--| two");
     EXPECT_EQ(views_.CmbDump.Entries()[1].Data, 2);
@@ -92,7 +92,7 @@ TEST_F(TabFlowTest, EachDumpWithoutATableGetsOneInTheOrderOfTheList)
     EXPECT_FALSE(given.BoolTextMode);
     EXPECT_THAT(control_.DocumentAsItStands(), HasSubstr(R"(TT="TGTAB001"><A TEXT="" TYPE="0">default()</A></DUMP>)"));
     EXPECT_THAT(control_.DocumentAsItStands(), HasSubstr(R"(TT="TGTAB002"><B TEXT="" TYPE="0">default()</B></DUMP>)"));
-    EXPECT_EQ(views_.CmbDump.Tag(), u"7");
+    EXPECT_EQ(control_.State().DumpInGrid.Tag(), u"7");
     EXPECT_EQ(views_.RulesGrid.Rows(), 1);
 }
 
@@ -102,7 +102,7 @@ TEST_F(TabFlowTest, ADumpThatIsSelectedMeanwhileIsTheOneShown)
     platform_.FormActions.push_back([&](ModalForm&) { views_.CmbDump.ListIndex(1); });
     views_.MainTab.UserClicksTab(1);
     EXPECT_EQ(views_.CmbDump.ListIndex(), 1);
-    EXPECT_EQ(views_.CmbDump.Tag(), u"5");
+    EXPECT_EQ(control_.State().DumpInGrid.Tag(), u"5");
 }
 
 TEST_F(TabFlowTest, AReadOnlyControlChoosesAsWell)
@@ -149,7 +149,7 @@ TEST_F(TabFlowTest, ComingBackKeepsTheDumpThatWasSelected)
     views_.MainTab.UserClicksTab(0);
     views_.MainTab.UserClicksTab(1);
     EXPECT_EQ(views_.CmbDump.ListIndex(), 1);
-    EXPECT_EQ(views_.CmbDump.Tag(), u"2");
+    EXPECT_EQ(control_.State().DumpInGrid.Tag(), u"2");
     EXPECT_THAT(platform_.Messages, IsEmpty());
 }
 

@@ -123,10 +123,12 @@ TEST_F(TextNotesTest, ARuleThatStandsOnlyInTheGridHasNoNote)
 
 TEST_F(TextNotesTest, WithoutADumpOrAnElementTheButtonDoesNothing)
 {
-    OpenRules(R"(<tgtab001><SRCTBL>srtab001</SRCTBL><PREC>migrate srtab001 dump 3</PREC><SRCTAB><SRTAB001/></SRCTAB>)"
-              R"(</tgtab001>)");
-    views_.CmbDump.Tag(u"9");
-    views_.CmdDumpText.UserClicks(); // a dump without an element
+    const std::string object =
+        R"(<tgtab001><SRCTBL>srtab001</SRCTBL><PREC>migrate srtab001 dump 3</PREC><SRCTAB><SRTAB001/></SRCTAB>)"
+        R"(</tgtab001>)";
+    OpenRules(object);
+    control_.MappingObjectXML(object); // the views still show dump 3
+    views_.CmdDumpText.UserClicks();   // a dump without an element
     views_.CmbDump.Clear();
     views_.CmdDumpText.UserClicks(); // no dump at all
     EXPECT_THAT(platform_.Forms, IsEmpty());

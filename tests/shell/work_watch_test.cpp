@@ -60,10 +60,9 @@ TEST_F(WorkWatchTest, TellsOfAChangeThatEndedInAFailure)
     views_.txtPreCondition.LostFocus = [] { throw Failure(FailureCode::Overflow); };
     views_.txtPreCondition.SetFocus();
     views_.txtMainQuery.Change = [] { throw Failure(FailureCode::Overflow); };
-    EXPECT_EQ(ToldBy([&] {
-                  EXPECT_EQ(FailureOf([&] { control_.MainQuery(u"dump 1 | other"); }), FailureCode::Overflow);
-              }),
-              1);
+    EXPECT_EQ(
+        ToldBy([&] { EXPECT_EQ(FailureOf([&] { control_.MainQuery(u"dump 1 | other"); }), FailureCode::Overflow); }),
+        1);
 }
 
 TEST_F(WorkWatchTest, TellsOfUndoAndRedo)

@@ -169,7 +169,8 @@ void CompareGrid(const Grid& grid, const QWidget& root, const QTableView& table,
     if (selected.size() != 1 || selected.front() != table.model()->index(grid.Row().Number(), grid.Col()))
         findings.Say(
             QStringLiteral("selection: the widget shows %1 selected cells, not the current one").arg(selected.size()));
-    findings.Compare(QStringLiteral("top row by its scroll bar"), table.verticalScrollBar()->value(), grid.TopRow().Number());
+    findings.Compare(QStringLiteral("top row by its scroll bar"), table.verticalScrollBar()->value(),
+                     grid.TopRow().Number());
     if (table.isVisible() && table.viewport()->height() > 0)
         findings.Compare(QStringLiteral("top row in sight"), table.rowAt(0), grid.TopRow().Number());
     findings.Compare(QStringLiteral("scrolled sideways"), table.horizontalScrollBar()->value(), 0);

@@ -26,7 +26,10 @@ struct GridTest : testing::Test, ViewDesk {
         Cells.GotFocus = nullptr;
     }
 
-    [[nodiscard]] std::string Cell() const { return std::to_string(Cells.Row().Number()) + "," + std::to_string(Cells.Col()); }
+    [[nodiscard]] std::string Cell() const
+    {
+        return std::to_string(Cells.Row().Number()) + "," + std::to_string(Cells.Col());
+    }
 };
 
 TEST(NewGrid, HasNoRowsAndItsFirstCellCurrent)

@@ -155,12 +155,5 @@ TEST_F(TextBoxTest, CountsTheTimesThatTheProgramPlacedTheCaret)
     EXPECT_EQ(Box.CaretMoves(), before + 2);
 }
 
-TEST_F(TextBoxTest, KeepsItsTagWhateverTheText)
-{
-    Box.Tag(u"abcde123");
-    Box.Text(u"other");
-    EXPECT_EQ(Box.Tag(), u"abcde123");
-}
-
 } // namespace
 } // namespace rulemesh

@@ -376,7 +376,6 @@ TEST(Moments, PutEveryKindOfViewBackWithoutAHandler)
     desk.Tree.MoveFocus(desk.Box);
     const ViewTree::Moment then = desk.Tree.Now();
     desk.Box.Text(u"typed");
-    desk.Box.Tag(u"tag");
     desk.Press.Caption(u"pressed");
     desk.Press.Enabled(false);
     desk.Title.Visible(false);
@@ -394,7 +393,6 @@ TEST(Moments, PutEveryKindOfViewBackWithoutAHandler)
     EXPECT_THAT(desk.TakeLog(), IsEmpty());
     EXPECT_EQ(desk.Focused(), u"text");
     EXPECT_EQ(desk.Box.Text(), u"");
-    EXPECT_EQ(desk.Box.Tag(), u"");
     EXPECT_EQ(desk.Press.Caption(), u"");
     EXPECT_TRUE(desk.Press.Enabled());
     EXPECT_TRUE(desk.Title.Visible());

@@ -36,7 +36,7 @@ std::vector<Script> ScriptsOf(ctlRulemesh& control, const MappingReader& object)
                  object.GetFunctionsText())};
     for (const Text& table : control.State().StrMigrateTables) {
         scripts.push_back(ScriptOf(QStringLiteral("The main query of %1").arg(ToQt(table)), views.txtMainQuery,
-                                   views.txtMainQuery.Tag() == table, object.GetQueryText(table)));
+                                   control.State().QueryTable.Written() == table, object.GetQueryText(table)));
         scripts.back().List = QStringLiteral("migrate %1").arg(ToQt(table));
     }
     return scripts;

@@ -47,7 +47,7 @@ void PutTexts(MappingObject& object, const UnsavedTexts& texts)
                   [&](const Text& text) { object.SetVariablesText(text); });
     Try([&] {
         object.SaveDumpRules(texts.Dump, {.AskForTable = [&] { return texts.DumpTable; },
-                                          .Table = [&] { return object.TableOfDump(ToInt16(texts.Dump)); },
+                                          .Table = [&] { return object.TableOfDump(texts.Dump.Number().Value()); },
                                           .Rules = [&] { return RuleTexts(texts.Rules.begin(), texts.Rules.end()); }});
     });
 }
@@ -59,7 +59,7 @@ UnsavedTexts TakeUnsavedTexts(ctlRulemesh& control)
     DesignerViews& views = control.Views();
     UnsavedTexts texts;
     texts.PreCondition = views.txtPreCondition.Text();
-    texts.QueryTable = views.txtMainQuery.Tag();
+    texts.QueryTable = control.State().QueryTable.Written();
     texts.Query = views.txtMainQuery.Text();
     if (views.txtFunctions.Visible())
         texts.Functions = views.txtFunctions.Text();
@@ -67,7 +67,7 @@ UnsavedTexts TakeUnsavedTexts(ctlRulemesh& control)
         texts.Variables = views.txtVariables.Text();
     if (views.MainTab.Tab() != RulesTab)
         return texts; // leaving the rules saves them
-    texts.Dump = views.CmbDump.Tag();
+    texts.Dump = control.State().DumpInGrid;
     texts.DumpTable = views.CmbTargetTable.Text();
     const Grid& grid = views.RulesGrid;
     for (int row = 0; row < grid.Rows(); ++row) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/text.h"
+#include "object/grid_dump.h"
 
 namespace rulemesh {
 
@@ -17,7 +18,7 @@ struct UnsavedTexts {
     Text Query;
     std::optional<Text> Functions; // while the panel is open
     std::optional<Text> Variables;
-    Text Dump;               // the tag of the dump whose rules are shown; "" while none are
+    GridDump Dump;           // whose rules are shown
     Text DumpTable;          // the target table that is chosen, which a dump without an element fills
     std::vector<Text> Rules; // by row, an open cell as it stands
 

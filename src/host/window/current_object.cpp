@@ -173,7 +173,7 @@ bool CurrentObject::MaySaveNow(const QString& headline)
 {
     if (object_->MaySave())
         return true;
-    const bool functions = object_->Widget().Control().Views().txtFunctions.Visible();
+    const bool functions = object_->Widget().Control().State().OpenPanel == TextPanel::Functions;
     TellProblem(&window_, headline,
                 QStringLiteral("The panel of the %1 is open. Press its OK, which keeps its text, or its Cancel, which "
                                "drops it, and then try again.")

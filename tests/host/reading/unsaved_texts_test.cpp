@@ -145,7 +145,7 @@ TEST_F(UnsavedTextsTest, AreKeptWhereTheRulesCanNotBeStored)
     Open(With("No=\"2\"", "No=\"two\""));
     Views().txtPreCondition.UserTypes(u"migrate custs001 | some\r\n");
     UnsavedTexts texts = TakeUnsavedTexts(Control());
-    texts.Dump = u"1";
+    texts.Dump = GridDump(DumpNumber(1));
     texts.Rules = {u"custs001.id", u"x"};
     const std::string draft = WithUnsavedTexts(Control().DocumentAsItStands(), texts);
     EXPECT_NE(draft.find("| some\n"), std::string::npos);
@@ -156,7 +156,7 @@ TEST(WithUnsavedTexts, RemovesTheRecordOfAnEmptyRule)
 {
     UnsavedTexts texts;
     texts.PreCondition = u"migrate custs001 | all\r\n";
-    texts.Dump = u"01";
+    texts.Dump = GridDump(DumpNumber(1), GridDump::Digits::Two);
     texts.Rules = {u"", u""};
     EXPECT_EQ(WithUnsavedTexts(Object, texts).find("<CODE TEXT"), std::string::npos);
     EXPECT_EQ(WithUnsavedTexts(Object, texts).find("<PRICE__1 TEXT"), std::string::npos);
@@ -177,7 +177,7 @@ TEST(WithUnsavedTexts, GivesADumpWithoutAnElementTheChosenTable)
     object.insert(object.find("<TARTAB>"), "<MSCRIPT><PARTN101/></MSCRIPT>");
     UnsavedTexts texts;
     texts.PreCondition = u"migrate custs001 | all\r\n";
-    texts.Dump = u"2";
+    texts.Dump = GridDump(DumpNumber(2));
     texts.DumpTable = u"PARTN101";
     texts.Rules = {u"x", u""};
     EXPECT_NE(WithUnsavedTexts(object, texts)
