@@ -42,7 +42,7 @@ protected:
     // Whether a cell is open, after a check that the marked cell is the model's.
     bool IsOpen()
     {
-        EXPECT_EQ(Table().currentIndex(), Table().model()->index(Cells().Row(), Cells().Col()));
+        EXPECT_EQ(Table().currentIndex(), Table().model()->index(Cells().Row().Number(), Cells().Col()));
         EXPECT_EQ(Table().selectionModel()->selectedIndexes().size(), 1);
         EXPECT_TRUE(Table().selectionModel()->isSelected(Table().currentIndex()));
         return Views().txtgrdline.Visible();
