@@ -189,7 +189,8 @@ TEST_F(Embedding, InstallsTheHeadersOfTheComponentsAlone)
     std::vector<std::string> folders;
     for (const fs::directory_entry& entry : fs::directory_iterator(Prefix() / RULEMESH_INCLUDEDIR))
         folders.push_back(entry.path().filename().string());
-    std::vector<std::string> expected = {"base", "views", "platform", "document", "script", "engine", "shell"};
+    std::vector<std::string> expected = {"base",   "views",  "platform", "document",
+                                         "object", "script", "engine",   "shell"};
 #ifdef HAS_RULEMESH_DESKTOP
     expected.emplace_back("desktop");
 #endif
