@@ -20,9 +20,11 @@ bool IsDue() noexcept
     return hasFailed;
 }
 
+void* AllocateOrNull(std::size_t size) noexcept { return IsDue() ? nullptr : std::malloc(size == 0 ? 1 : size); }
+
 void* Allocate(std::size_t size)
 {
-    void* const memory = IsDue() ? nullptr : std::malloc(size == 0 ? 1 : size);
+    void* const memory = AllocateOrNull(size);
     if (memory == nullptr)
         throw std::bad_alloc();
     return memory;
@@ -32,6 +34,8 @@ void* Allocate(std::size_t size)
 
 void* operator new(std::size_t size) { return Allocate(size); }
 void* operator new[](std::size_t size) { return Allocate(size); }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return AllocateOrNull(size); }
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return AllocateOrNull(size); }
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete[](void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
