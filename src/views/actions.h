@@ -1,7 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <utility>
 
 #include "base/text.h"
 
@@ -46,7 +45,7 @@ private:
 /// An action from its making to its end, also when a failure ends it.
 class ActionScope {
 public:
-    ActionScope(Actions& actions, Action action) : actions_(actions), action_(std::move(action))
+    ActionScope(Actions& actions, Action action) : actions_(actions), action_(action)
     {
         if (actions_.depth_++ == 0 && actions_.Begins)
             actions_.Begins(action_);

@@ -21,7 +21,7 @@ public:
     friend constexpr RowNumber operator+(RowNumber row, int rows) noexcept { return row.number_ + rows; }
     friend constexpr RowNumber operator-(RowNumber row, int rows) noexcept { return row.number_ - rows; }
     friend constexpr int operator-(RowNumber one, RowNumber other) noexcept { return one.number_ - other.number_; }
-    friend constexpr auto operator<=>(const RowNumber&, const RowNumber&) = default;
+    friend constexpr auto operator<=>(const RowNumber&, const RowNumber&) = default; // NOLINT(modernize-use-nullptr)
 
 private:
     int number_;
