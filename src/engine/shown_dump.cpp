@@ -107,7 +107,8 @@ void ShownDump::ShowSelectedDumpInDetails()
 
 Text ShownDump::CommentOfSelectedDump() const
 {
-    const auto comment = state_.DumpComments.find(views_.CmbDump.HasSelection() ? SelectedDump().Value() : 0);
+    const std::int16_t IntDump = views_.CmbDump.HasSelection() ? SelectedDump().Value() : std::int16_t{0};
+    const auto comment = state_.DumpComments.find(IntDump);
     return comment == state_.DumpComments.end() ? Text() : comment->second;
 }
 
